@@ -49,6 +49,7 @@ public:
         o.m_end = o.m_head = 0;
     }
     cow_1DArray& operator=(const cow_1DArray& o) {
+        if (this == &o) return *this;
         if (o.m_tableRefs) ++*o.m_tableRefs;
         ReleaseTable();
         m_slots = o.m_slots;

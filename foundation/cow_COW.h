@@ -45,10 +45,12 @@ public:
     ~cow_CountedHld() { Release(); }
 
     cow_CountedHld& operator=(const cow_CountedHld& o) {
-        if (o.m_counter) ++o.m_counter->count;  // first increment: self-assignment is safe
+        cow_Counter* counter = o.m_counter;  // o may be *this
+        T* object = o.m_object;
+        if (counter) ++counter->count;  // first increment: self-assignment is safe
         Release();
-        m_counter = o.m_counter;
-        m_object = o.m_object;
+        m_counter = counter;
+        m_object = object;
         return *this;
     }
     cow_CountedHld& operator=(cow_CountedHld&& o) noexcept {

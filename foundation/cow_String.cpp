@@ -74,10 +74,12 @@ void atr_StringBase::Release() {
 }
 
 atr_StringBase& atr_StringBase::operator=(const atr_StringBase& other) {
-    if (other.m_hdr) ++other.m_hdr->refs;  // first increment, then release: self-assignment is safe
+    atr_StringHeader* hdr = other.m_hdr;  // other may be *this
+    char* chars = other.m_chars;
+    if (hdr) ++hdr->refs;  // first increment, then release: self-assignment is safe
     Release();
-    m_hdr = other.m_hdr;
-    m_chars = other.m_chars;
+    m_hdr = hdr;
+    m_chars = chars;
     return *this;
 }
 

@@ -24,6 +24,7 @@ void nex_Exception::Throw(const char* file, int line) {
     m_file = file ? file : "";
     m_line = line;
     Propagate();
+    throw *this;  // not reached: Propagate raises
 }
 
 atr_String nex_TextException::DeveloperReport() const { return nex_Exception::DeveloperReport(); }

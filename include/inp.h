@@ -1,0 +1,21 @@
+// The library's public interface: everything a driver or a test needs.
+#ifndef INP_H
+#define INP_H
+
+#include "atr_String.h"
+#include "cow_1DArrayList.h"
+#include "cow_Btree.h"
+#include "cow_COW.h"
+#include "cow_List.h"
+#include "cow_Map.h"
+#include "cow_String.h"
+#include "nex_Exception.h"
+#include "thr_ThreadSingleton.h"
+#include "wip_WIP.h"
+
+#include "inp_keywords.h"
+#include "inp_Deck.h"
+#include "inp_Exceptions.h"
+#include "inp_KeywordTable.h"
+
+#endif

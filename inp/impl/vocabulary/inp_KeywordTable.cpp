@@ -1,0 +1,155 @@
+#include "inp_KeywordTable.h"
+
+#include <cstring>
+#include <mutex>
+
+#include "inp_Exceptions.h"
+
+inp_KeywordTable::inp_KeywordTable() {
+    for (const inp_KeywordRow* row = inp_keywordRows; row->name; ++row) {
+        cow_1DArrayList<int> subs;
+        if (row->suboptions)
+            for (const int* s = row->suboptions; *s; ++s) subs.Append(*s);
+        m_suboptions.Insert(row->value, subs);
+        m_names.Insert(cow_String(row->name), row->value);
+        m_values.Insert(row->value, cow_String(row->name));
+    }
+}
+
+cow_String inp_KeywordTable::ResolveName(const cow_String& name) const {
+    if (m_names.IsMember(name)) return name;
+    const size_t n = static_cast<size_t>(name.Length());
+    int matches = 0;
+    const char* last = nullptr;
+    for (const inp_KeywordRow* row = inp_keywordRows; row->name; ++row) {
+        if (std::strncmp(row->name, name.c_str(), n) == 0) {
+            ++matches;
+            last = row->name;
+        }
+    }
+    if (matches == 0) inp_UnknownKeywordException(0, cow_String(), name).Throw(__FILE__, __LINE__);
+    if (matches > 1) inp_AmbiguousKeywordException(0, cow_String(), name).Throw(__FILE__, __LINE__);
+    return cow_String(last);
+}
+
+inp_KeywordEnm inp_KeywordTable::Enum(const cow_String& name) const {
+    try {
+        return static_cast<inp_KeywordEnm>(m_names.ConstGet(ResolveName(name)));
+    } catch (const inp_UnknownKeywordException&) {
+    } catch (const inp_AmbiguousKeywordException&) {
+    }
+    return inp_kwUndefined;
+}
+
+cow_String inp_KeywordTable::Name(inp_KeywordEnm value) const {
+    const cow_String* name = m_values.Lookup(value);
+    return name ? *name : cow_String();
+}
+
+cow_String inp_KeywordTable::KeywordEnum2String(cow_1DArrayList<int> values) const {
+    cow_String out;
+    for (int i = 0; i < values.Count(); ++i) {
+        if (i) out.append(", ");
+        out.append(Name(static_cast<inp_KeywordEnm>(values.ConstGet(i))));
+    }
+    return out;
+}
+
+cow_1DArrayList<int> inp_KeywordTable::ParentKeywords(inp_KeywordEnm value) const {
+    cow_1DArrayList<int> parents;
+    cow_ConstMapIterator<int, cow_1DArrayList<int>> it(m_suboptions);
+    for (it.First(); !it.IsDone(); it.Next()) {
+        if (it.CurrentValue().IsMember(value)) parents.AppendUnlessMember(it.CurrentKey());
+    }
+    return parents;
+}
+
+const cow_1DArrayList<int>& inp_KeywordTable::Suboptions(inp_KeywordEnm value) const {
+    static const cow_1DArrayList<int> none;
+    const cow_1DArrayList<int>* subs = m_suboptions.Lookup(value);
+    return subs ? *subs : none;
+}
+
+void inp_KeywordTable::Close(const cow_1DArrayList<int>& list, cow_1DArrayList<int>& out) const {
+    for (int i = 0; i < list.Count(); ++i) {
+        int m = list.ConstGet(i);
+        out.Append(m);
+        Close(Suboptions(static_cast<inp_KeywordEnm>(m)), out);
+    }
+}
+
+cow_1DArrayList<int> inp_KeywordTable::SuboptionClosure(inp_KeywordEnm value) const {
+    cow_1DArrayList<int> out;
+    Close(Suboptions(value), out);
+    return out;
+}
+
+cow_1DArrayList<int> inp_KeywordTable::ModelLevelKeywords() const {
+    cow_1DArrayList<int> top = Suboptions(inp_kwModel);
+    top.RemoveMember(inp_kwAssembly);
+    top.RemoveMember(inp_kwPart);
+    cow_1DArrayList<int> out;
+    Close(top, out);
+    return out;
+}
+
+cow_1DArrayList<int> inp_KeywordTable::AssemblyLevelKeywords() const {
+    cow_1DArrayList<int> top = Suboptions(inp_kwAssembly);
+    top.RemoveMember(inp_kwInstance);
+    cow_1DArrayList<int> out;
+    Close(top, out);
+    return out;
+}
+
+cow_1DArrayList<int> inp_KeywordTable::PartLevelKeywords() const { return SuboptionClosure(inp_kwPart); }
+
+// ---- the per-thread slot ----------------------------------------------------------
+
+namespace {
+
+std::mutex& SlotLock() {
+    static std::mutex lock;
+    return lock;
+}
+bool g_slotAllocated = false;
+int g_liveTables = 0;
+
+struct TableSlot {
+    inp_KeywordTable* table = nullptr;
+    ~TableSlot() { Free(); }  // thread end
+    void Free() {
+        if (!table) return;
+        delete table;
+        table = nullptr;
+        std::lock_guard<std::mutex> guard(SlotLock());
+        if (--g_liveTables == 0) g_slotAllocated = false;
+    }
+};
+
+TableSlot& Slot() {
+    thread_local TableSlot slot;
+    return slot;
+}
+
+}  // namespace
+
+inp_KeywordTable& thr_ThreadSingleton<inp_KeywordTable>::Instance() {
+    TableSlot& slot = Slot();
+    if (!slot.table) {
+        {
+            std::lock_guard<std::mutex> guard(SlotLock());
+            g_slotAllocated = true;
+            ++g_liveTables;
+        }
+        slot.table = new inp_KeywordTable();
+    }
+    return *slot.table;
+}
+
+void thr_ThreadSingleton<inp_KeywordTable>::Destroy() { Slot().Free(); }
+bool thr_ThreadSingleton<inp_KeywordTable>::Exists() { return Slot().table != nullptr; }
+
+int thr_ThreadSingleton<inp_KeywordTable>::LiveCount() {
+    std::lock_guard<std::mutex> guard(SlotLock());
+    return g_liveTables;
+}

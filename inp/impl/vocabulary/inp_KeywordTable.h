@@ -1,0 +1,57 @@
+// inp_KeywordTable: the lookups over the constant keyword table, one object per thread.
+//
+// Reached only as thr_ThreadSingleton<inp_KeywordTable>::Instance(). It answers which
+// value a (possibly abbreviated) canonical name stands for, which name a value stands
+// for, which keywords may hold a keyword, and which keywords belong to the model,
+// assembly and part levels of a deck.
+#ifndef INP_KEYWORDTABLE_H
+#define INP_KEYWORDTABLE_H
+
+#include "cow_1DArrayList.h"
+#include "cow_Map.h"
+#include "cow_String.h"
+#include "inp_keywords.h"
+#include "thr_ThreadSingleton.h"
+
+class inp_KeywordTable {
+public:
+    inp_KeywordTable();
+
+    // 0 where the name is unknown or ambiguous; never fails.
+    inp_KeywordEnm Enum(const cow_String& name) const;
+    // The canonical name: an exact name wins, else the one name the text begins.
+    // Raises inp_UnknownKeywordException or inp_AmbiguousKeywordException (line 0, no file).
+    cow_String ResolveName(const cow_String& name) const;
+    cow_String Name(inp_KeywordEnm value) const;
+    // Canonical names joined by ", ".
+    cow_String KeywordEnum2String(cow_1DArrayList<int> values) const;
+    // Every keyword whose suboption list holds the value, each once, in map order.
+    cow_1DArrayList<int> ParentKeywords(inp_KeywordEnm value) const;
+    // Depth-first closure of the suboption list; duplicates stay (membership use only).
+    cow_1DArrayList<int> SuboptionClosure(inp_KeywordEnm value) const;
+    cow_1DArrayList<int> ModelLevelKeywords() const;
+    cow_1DArrayList<int> AssemblyLevelKeywords() const;
+    cow_1DArrayList<int> PartLevelKeywords() const;
+
+    const cow_1DArrayList<int>& Suboptions(inp_KeywordEnm value) const;
+
+private:
+    void Close(const cow_1DArrayList<int>& list, cow_1DArrayList<int>& out) const;
+
+    cow_Map<int, cow_1DArrayList<int>> m_suboptions;
+    cow_Map<cow_String, int> m_names;
+    cow_Map<int, cow_String> m_values;
+};
+
+// The table's own per-thread slot: made at the first use in the process under the
+// global lock, with a count of live tables, and freed with the last one.
+template <>
+class thr_ThreadSingleton<inp_KeywordTable> {
+public:
+    static inp_KeywordTable& Instance();
+    static void Destroy();  // the calling thread's table; the next Instance() makes a new one
+    static bool Exists();
+    static int LiveCount();  // tables alive in all threads
+};
+
+#endif
