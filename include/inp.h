@@ -15,7 +15,12 @@
 
 #include "inp_keywords.h"
 #include "inp_Deck.h"
+#include "inp_DataArray.h"
 #include "inp_Exceptions.h"
+#include "inp_Item.h"
+#include "inp_Keyword.h"
 #include "inp_KeywordTable.h"
+#include "inp_Types.h"
+#include "inp_Utils.h"
 
 #endif
