@@ -9,6 +9,16 @@
 #include "cow_List.h"
 #include "cow_Map.h"
 #include "cow_String.h"
+#include "omi_Singleton.h"
+#include "omi_SetIT.h"
+#include "omi_IntTable.h"
+#include "omi_BlkBitVect.h"
+#include "gsl_Vector.h"
+#include "gsl_Util.h"
+#include "gsl_StLine.h"
+#include "gsl_Point.h"
+#include "gsl_Plane.h"
+#include "gsl_Matrix.h"
 #include "nex_Exception.h"
 #include "thr_ThreadSingleton.h"
 #include "wip_WIP.h"
@@ -22,5 +32,6 @@
 #include "inp_KeywordTable.h"
 #include "inp_Types.h"
 #include "inp_Utils.h"
+#include "inp_Visitor.h"
 
 #endif
