@@ -4,7 +4,7 @@
 #include "inp_KeywordTable.h"
 
 namespace {
-int g_references = 0;
+int g_references = 0;  // initialised from one thread: not guarded
 }
 
 int inp_initializeCount() { return g_references; }
@@ -12,20 +12,7 @@ int inp_initializeCount() { return g_references; }
 void inp_initialize(int& count) {
     if (g_references++ != 0) return;
     ++count;
-    mem_initialize(count);
-    typ_initialize(count);
-    thr_initialize(count);
-    pnt_initialize(count);
-    omni_initialize(count);
-    atr_initialize(count);
-    cow_initialize(count);
-    nex_initialize(count);
-    wip_initialize(count);
-    utl_initialize(count);
-    uti_initialize(count);
-    inpM_initialize(count);
-    shp_initialize(count);
-    gsl_initialize(count);
+    fnd_InitializeAll(count);  // mem, typ, thr, pnt, omni, atr, cow, nex, wip, utl, uti, inpM, shp, gsl
 }
 
 void inp_finalize(int& count) {
@@ -33,18 +20,5 @@ void inp_finalize(int& count) {
     if (--g_references != 0) return;
     --count;
     thr_ThreadSingleton<inp_KeywordTable>::Destroy();
-    gsl_finalize(count);
-    shp_finalize(count);
-    inpM_finalize(count);
-    uti_finalize(count);
-    utl_finalize(count);
-    wip_finalize(count);
-    nex_finalize(count);
-    cow_finalize(count);
-    atr_finalize(count);
-    omni_finalize(count);
-    pnt_finalize(count);
-    thr_finalize(count);
-    typ_finalize(count);
-    mem_finalize(count);
+    fnd_FinalizeAll(count);  // the reverse order
 }
