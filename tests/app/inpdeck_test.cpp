@@ -101,6 +101,7 @@ TEST(Driver, UsageAndFileErrorsExitWithTwo) {
         {Quoted(dir / "absent.inp"), "inpdeck: cannot read deck \"" + (dir / "absent.inp") + "\": no such file"},
         {Quoted(dir.Path().string()),
          "inpdeck: cannot read deck \"" + dir.Path().string() + "\": it is a directory"},
+        {"/dev/zero", "inpdeck: cannot read deck \"/dev/zero\": not a regular file"},
         {"--bogus " + Quoted(deck), "inpdeck: unknown option: --bogus"},
         {"--stop-after expand " + Quoted(deck), "inpdeck: unknown phase: expand"},
         {Quoted(deck) + " " + Quoted(deck), "inpdeck: more than one deck: " + deck},

@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include "../support/inp_TestFiles.h"
+#include "pnt_PrettyPrint.h"
+#include "typ_DebugFlags.h"
 
 using inp_test::InDirectory;
 using inp_test::ParseFile;
@@ -87,6 +89,8 @@ TEST(ParserInclude, BadIncludesAreFatalAndSkipToTheNextKeyword) {
         {"*INCLUDE\n1\n", "Missing input parameter"},
         {"*INCLUDE, PASSWORD=x\n1\n", "Missing input parameter"},
         {"*INCLUDE, INPUT=nope.inp\n1\n", "Include file \"nope.inp\" does not exist."},
+        // Only regular files are read: a device or a pipe could feed the reader forever.
+        {"*INCLUDE, INPUT=/dev/zero\n1\n", "Include file \"/dev/zero\" does not exist."},
         {"*INCLUDE, INPUT=" + dir.Path().string() + "\n1\n",
          "Include file \"" + dir.Path().string() + "\" does not exist."},
     };
@@ -216,6 +220,66 @@ TEST(ParserInclude, ARunawayChainIsCutWithAMessage) {
                                                 "more than " + std::to_string(inp_Parser::kMaxIncludeDepth) +
                                                 " deep."});
     EXPECT_EQ(r.keywords.Count(), inp_Parser::kMaxIncludeDepth);
+}
+
+}  // namespace
+
+namespace {
+
+// Debug flag 30 of the library, set for one test and reset behind it.
+class DebugLevel {
+public:
+    explicit DebugLevel(int level) {
+        typ_DebugFlags::SetDebugFlags(30, level);
+        pnt_debugPrint().ClearCaptured();
+        pnt_debugPrint().SetCapture(true);
+    }
+    ~DebugLevel() {
+        typ_DebugFlags::SetDebugFlags(30, 0);
+        pnt_debugPrint().SetCapture(false);
+        pnt_debugPrint().ClearCaptured();
+    }
+    std::vector<std::string> Lines() const {
+        std::vector<std::string> lines;
+        std::string text = pnt_debugPrint().Captured().c_str();
+        for (size_t start = 0, end; start < text.size(); start = end + 1) {
+            end = text.find('\n', start);
+            lines.push_back(text.substr(start, end - start));
+        }
+        return lines;
+    }
+};
+
+TEST(ParserDebug, LevelTwoNamesEachKeywordAndEachIncludeLevelOneTimesEachFile) {
+    TempDir dir;
+    const std::string inc = dir.Write("coords.inc", "1, 0., 0., 0.\n2, 1., 0., 0.\n");
+    const std::string main = dir.Write("main.inp", "*NODE\n*INCLUDE, INPUT=coords.inc\n*N SET, NSET=A\n");
+    InDirectory here(dir.Path());
+    {
+        DebugLevel debug(2);
+        ParseFile(main);
+        std::vector<std::string> lines = debug.Lines();
+        ASSERT_EQ(lines.size(), 6u);
+        EXPECT_EQ(lines[0], "Creating keyword: \"node\".");
+        EXPECT_EQ(lines[1], "Creating keyword: \"include\".");
+        // The timing line of the include file comes before the merge of its lines.
+        EXPECT_NE(lines[2].find("Parse - File: " + inc + "  Elapsed time: "), std::string::npos) << lines[2];
+        EXPECT_EQ(lines[3], "2 lines added to keyword \"node\" from input file \"." + inc + "\".");
+        EXPECT_EQ(lines[4], "Creating keyword: \"nset\".");
+        EXPECT_NE(lines[5].find("Parse - File: " + main + "  Elapsed time: "), std::string::npos) << lines[5];
+        EXPECT_NE(lines[5].find("  Decryption time: 0  CPU time: "), std::string::npos) << lines[5];
+    }
+    {
+        DebugLevel debug(1);
+        ParseFile(main);
+        std::vector<std::string> lines = debug.Lines();
+        ASSERT_EQ(lines.size(), 2u);
+        EXPECT_EQ(lines[0].rfind("inp_Parser.cpp:", 0), 0u) << lines[0];
+        EXPECT_NE(lines[1].find("Parse - File: " + main), std::string::npos);
+    }
+    DebugLevel off(0);
+    ParseFile(main);
+    EXPECT_TRUE(off.Lines().empty());
 }
 
 }  // namespace
