@@ -6,8 +6,6 @@
 #include <random>
 
 #include "../support/inp_TestFiles.h"
-#include "inp_Exceptions.h"
-#include "inp_KeywordLine.h"
 
 using inp_test::ParseFile;
 using inp_test::Printed;
@@ -43,16 +41,6 @@ TEST(ParserLines, KeywordCommentAndDataLinesAreToldApart) {
         EXPECT_EQ(Printed(r.keywords), c.printed) << c.deck;
         EXPECT_TRUE(r.errors.empty() && r.fatal.empty()) << c.deck;
     }
-}
-
-TEST(ParserLines, BlankDataLineHasOneBlankItem) {
-    TempDir dir;
-    auto r = ParseFile(dir.Write("deck.inp", "*NSET, NSET=A\n1, 2\n\n"));
-    ASSERT_EQ(r.keywords.Count(), 1);
-    const inp_DataArray& data = r.keywords[0].data;
-    ASSERT_EQ(data.NumberOfLines(), 2);
-    EXPECT_EQ(data.NumberOfItems(1), 1);
-    EXPECT_TRUE(data.IsBlank(1, 0));
 }
 
 TEST(ParserLines, LinesAreCutAt256CharactersWithoutMessage) {
@@ -109,20 +97,16 @@ TEST(ParserLines, BinaryGarbageEndsInBoundedMessages) {
         unsigned v = random() % 300;
         bytes += v < 256 ? static_cast<char>(v) : (v < 280 ? '\n' : '*');
     }
-    for (const std::string& deck : {bytes, "*HEADING\n" + bytes}) {
-        auto r = ParseFile(dir.Write("garbage.inp", deck));
-        EXPECT_LE(r.errors.size(), 27u);
-        EXPECT_LE(r.fatal.size(), 27u);
-        for (int k = 0; k < r.keywords.Count(); ++k) {
-            const inp_DataArray& data = r.keywords[k].data;
-            for (int i = 0; i < data.NumberOfLines(); ++i)
-                for (int j = 0; j < data.NumberOfItems(i); ++j) EXPECT_LE(data.AsStringVerbatim(i, j).Length(), 256);
-        }
-    }
     auto r = ParseFile(dir.Write("garbage.inp", "*HEADING\n" + bytes));
     ASSERT_GE(r.keywords.Count(), 1);
     EXPECT_EQ(r.keywords[0].keyword, inp_kwHeading);
-    EXPECT_GT(r.errors.size(), 0u);  // the noise holds unknown keywords
+    EXPECT_EQ(r.errors.size(), 27u);  // the noise holds many unknown keywords
+    EXPECT_LE(r.fatal.size(), 27u);
+    for (int k = 0; k < r.keywords.Count(); ++k) {
+        const inp_DataArray& data = r.keywords[k].data;
+        for (int i = 0; i < data.NumberOfLines(); ++i)
+            for (int j = 0; j < data.NumberOfItems(i); ++j) EXPECT_LE(data.AsStringVerbatim(i, j).Length(), 256);
+    }
 }
 
 TEST(ParserLines, MainFileLeadingLinesAndUnreadableMainFileAreSilent) {
@@ -216,29 +200,6 @@ TEST(ParserLines, ParametersAreTypedAndKeyedByTheirCanonicalName) {
     }
 }
 
-TEST(ParserLines, ParameterValuesKeepTheirTypeAndText) {
-    TempDir dir;
-    auto r = ParseFile(dir.Write("deck.inp", "*NSET, I=12, D=1.5, S=my Set, Q=\"my set\", F, G=\n"));
-    ASSERT_EQ(r.keywords.Count(), 1);
-    const cow_Map<cow_String, inp_Item>& p = r.keywords[0].parameters;
-    struct Case {
-        const char* key;
-        inp_Types::typeEnm type;
-        const char* text;
-    } cases[] = {
-        {"i", inp_Types::typeInt, "12"},           {"d", inp_Types::typeDouble, "1.5"},
-        {"s", inp_Types::typeString, "my Set"},    {"q", inp_Types::typeString, "\"my set\""},
-        {"f", inp_Types::typeBool, "TRUE"},        {"g", inp_Types::typeBool, "TRUE"},
-    };
-    EXPECT_EQ(p.Count(), 6);
-    for (const Case& c : cases) {
-        const inp_Item* item = p.Lookup(cow_String(c.key));
-        ASSERT_NE(item, nullptr) << c.key;
-        EXPECT_EQ(item->type, c.type) << c.key;
-        EXPECT_STREQ(item->AsString().c_str(), c.text);
-    }
-}
-
 TEST(ParserLines, LenientParseLetsUnknownFormsPass) {
     TempDir dir;
     auto r = ParseFile(dir.Write("deck.inp", "*NSET, \"A\"=1, X=A=B\n*INCLUDE, INPUT=<deck>\n7\n*HEADING\n"), false);
@@ -315,39 +276,6 @@ TEST(ParserLines, EachListTakes26MessagesAndAClosingLine) {
     EXPECT_EQ(r.fatal[26], "No more fatal errors will be reported ...");
     EXPECT_EQ(r.missing.size(), 30u);
     EXPECT_EQ(Printed(r.keywords), "*heading\n");
-}
-
-TEST(KeywordLine, SplitRespectsQuotesAndDropsEmptyPieces) {
-    struct Case {
-        const char* text;
-        std::vector<std::string> pieces;
-    } cases[] = {
-        {"A, B=1", {"A", "B=1"}},
-        {" , ,A ,, \t", {"A"}},
-        {"NAME=\"a, b\", X", {"NAME=\"a, b\"", "X"}},
-        {"\"\"", {"\"\""}},
-        {"", {}},
-    };
-    for (const Case& c : cases)
-        EXPECT_EQ(inp_test::ToVector(inp_KeywordLine::SplitParameters(cow_String(c.text))), c.pieces) << c.text;
-    EXPECT_THROW(inp_KeywordLine::SplitParameters(cow_String("A=\"x, B")), inp_MissingEndQuoteException);
-}
-
-TEST(KeywordLine, GivenNameEndsAtTheFirstComma) {
-    struct Case {
-        const char* line;
-        const char* name;
-        int comma;
-    } cases[] = {
-        {"*NODE", "node", 5},
-        {"* Node Output , NSET=A", "nodeoutput", 14},
-        {"*X\"a,b\"", "x\"a", 4},
-    };
-    for (const Case& c : cases) {
-        int comma = -1;
-        EXPECT_STREQ(inp_KeywordLine::GivenName(cow_String(c.line), comma).c_str(), c.name);
-        EXPECT_EQ(comma, c.comma) << c.line;
-    }
 }
 
 }  // namespace
