@@ -3,7 +3,7 @@ BUILD      ?= build
 ASAN_BUILD ?= build-asan
 JOBS       ?= $(shell nproc 2>/dev/null || echo 2)
 EXAMPLE    ?= examples/beam.inp
-RUN_ARGS   ?= keyword "*BEAM GENERAL SECTION" "*contact pa" "*nset"
+RUN_ARGS   ?= $(EXAMPLE)
 CMAKE_GEN  := $(shell command -v ninja >/dev/null 2>&1 && echo "-G Ninja")
 
 .PHONY: all build run test asan clean

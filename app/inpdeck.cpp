@@ -3,11 +3,19 @@
 // It makes one inp_Deck, calls its phases in order and reads the error sink between
 // them, as any driver of the library would. It also answers questions about the
 // keyword vocabulary.
+//
+// Exit status: 0 when the sink holds no error (warnings do not count), 1 when it holds
+// one, 2 for a usage error, a deck file that cannot be read, or output that cannot be
+// written. The library reports on a deck it could open; a deck it could not open is
+// for the driver to tell, since the library then says nothing at all.
 #include <cstdio>
 #include <cstring>
+#include <filesystem>
 #include <string>
 
+#include "aio_ostream.h"
 #include "inp.h"
+#include "omi_Timer.h"
 
 namespace {
 
@@ -16,11 +24,28 @@ const char kUsage[] =
     "       inpdeck keyword NAME...\n"
     "       inpdeck --version | --help\n"
     "\n"
-    "  keyword NAME   resolve a keyword name as a deck line would (any case, blanks\n"
-    "                 ignored, unique abbreviations allowed) and show its canonical\n"
-    "                 name, value, the keywords that may hold it and its suboptions\n"
-    "  --version      print the version\n"
-    "  --help         print this text\n";
+    "  DECK                read the deck and report every message on standard error,\n"
+    "                      one line each, followed by a summary line\n"
+    "  -p FILE             write the deck in normal form to FILE (\"-\": standard output)\n"
+    "  -I DIR              look for include files in DIR when the current directory\n"
+    "                      does not hold them (default: the directory of DECK)\n"
+    "  --stop-after PHASE  stop after PHASE; phases: parse\n"
+    "  keyword NAME        resolve a keyword name as a deck line would (any case, blanks\n"
+    "                      ignored, unique abbreviations allowed) and show its canonical\n"
+    "                      name, value, the keywords that may hold it and its suboptions\n"
+    "  --version           print the version\n"
+    "  --help              print this text\n"
+    "\n"
+    "exit status: 0 no error reported, 1 errors reported, 2 usage or file error\n";
+
+// The phases the driver can run, in order.
+const char* const kPhases[] = {"parse", nullptr};
+
+int UsageError(const char* text, const char* detail) {
+    if (text) std::fprintf(stderr, "inpdeck: %s%s\n", text, detail ? detail : "");
+    std::fputs(kUsage, stderr);
+    return 2;
+}
 
 // The keyword part of a deck line: case folded, blanks and tabs removed, a leading
 // '*' dropped.
@@ -56,11 +81,137 @@ int DescribeKeyword(const char* given) {
     return 0;
 }
 
-int Run(int argc, char** argv) {
-    if (argc < 2) {
-        std::fputs(kUsage, stderr);
+struct Options {
+    const char* deck = nullptr;
+    const char* printTo = nullptr;
+    const char* includeDirectory = nullptr;
+    const char* stopAfter = "parse";
+};
+
+// Why the deck file cannot be read, or null when it can.
+const char* UnreadableBecause(const char* name) {
+    std::error_code ec;
+    std::filesystem::file_status st = std::filesystem::status(name, ec);
+    if (ec || !std::filesystem::exists(st)) return "no such file";
+    if (std::filesystem::is_directory(st)) return "it is a directory";
+    if (!std::filesystem::is_regular_file(st)) return "not a regular file";
+    std::FILE* f = std::fopen(name, "rb");
+    if (!f) return "permission denied";
+    std::fclose(f);
+    return nullptr;
+}
+
+// A message of the sink on one line: a line break inside it (the lists of some
+// messages) becomes a blank, other control bytes a '?', so that one record is one line.
+std::string OneLine(const char* text) {
+    std::string out;
+    for (const char* p = text; *p; ++p) {
+        const unsigned char c = static_cast<unsigned char>(*p);
+        if (c == '\n')
+            out += ' ';
+        else if ((c < 0x20 && c != '\t') || c == 0x7f)
+            out += '?';
+        else
+            out += static_cast<char>(c);
+    }
+    return out;
+}
+
+int CountDataLines(const cow_1DArrayList<inp_Keyword>& keywords, int& count) {
+    int lines = 0;
+    for (int i = 0; i < keywords.Count(); ++i) {
+        const inp_Keyword& k = keywords.ConstGet(i);
+        ++count;
+        lines += k.data.NumberOfLines();
+        lines += CountDataLines(k.suboptions, count);
+    }
+    return lines;
+}
+
+int ReportSink(const char* deck, const inp_Deck& model, double seconds) {
+    const wip_WIP& sink = thr_ThreadSingleton<wip_WIP>::Instance();
+    for (int i = 0; i < sink.Count(); ++i) {
+        const wip_Record& r = sink.Record(i);
+        if (r.IsError())
+            std::fprintf(stderr, "error[%d]: %s\n", r.level, OneLine(r.text.c_str()).c_str());
+        else
+            std::fprintf(stderr, "warning: %s\n", OneLine(r.text.c_str()).c_str());
+    }
+    int keywords = 0;
+    const int dataLines = CountDataLines(model.keywords, keywords);
+    std::fprintf(stderr,
+                 "inpdeck: %s: %d keywords, %d data lines; errors: %d fatal, %d non-fatal, %d serious; "
+                 "%d warnings; %.3f s\n",
+                 deck, keywords, dataLines, sink.ErrorCount(0), sink.ErrorCount(1), sink.ErrorCount(2),
+                 sink.WarningCount(), seconds);
+    return sink.ErrorCount() > 0 ? 1 : 0;
+}
+
+int PrintDeck(inp_Deck& model, const char* target) {
+    if (!std::strcmp(target, "-")) {
+        aio_ostdstream out(stdout);
+        model.Print(out);
+        out.flush();
+        if (out.fail()) {
+            std::fprintf(stderr, "inpdeck: cannot write the deck to standard output\n");
+            return 2;
+        }
+        return 0;
+    }
+    aio_ofstream out(target);
+    if (!out.is_open()) {
+        std::fprintf(stderr, "inpdeck: cannot write \"%s\"\n", target);
         return 2;
     }
+    model.Print(out);
+    out.close();
+    if (out.fail()) {
+        std::fprintf(stderr, "inpdeck: cannot write \"%s\"\n", target);
+        return 2;
+    }
+    return 0;
+}
+
+int RunDeck(const Options& options) {
+    if (const char* why = UnreadableBecause(options.deck)) {
+        std::fprintf(stderr, "inpdeck: cannot read deck \"%s\": %s\n", options.deck, why);
+        return 2;
+    }
+
+    inp_Deck model;
+    if (options.includeDirectory) {
+        model.includeDirectory = options.includeDirectory;
+    } else {
+        // Include files are named relative to the deck as a rule, and the reader looks
+        // in the current directory first; the deck's own directory comes second.
+        std::filesystem::path dir = std::filesystem::path(options.deck).parent_path();
+        if (!dir.empty()) model.includeDirectory = dir.string().c_str();
+    }
+
+    omi_Timer timer;
+    timer.Start();
+    model.Parse(options.deck);
+    timer.Stop();
+    // Further phases stop here as they are added: options.stopAfter names the last.
+
+    int status = ReportSink(options.deck, model, timer.GetElapsedTime());
+    if (options.printTo) {
+        int printed = PrintDeck(model, options.printTo);
+        if (printed) status = printed;
+    }
+    return status;
+}
+
+bool IsPhase(const char* name) {
+    for (const char* const* p = kPhases; *p; ++p)
+        if (!std::strcmp(*p, name)) return true;
+    return false;
+}
+
+}  // namespace
+
+static int Run(int argc, char** argv) {
+    if (argc < 2) return UsageError(nullptr, nullptr);
     const char* first = argv[1];
     if (!std::strcmp(first, "--version")) {
         std::printf("inpdeck %s\n", INP_VERSION);
@@ -71,19 +222,41 @@ int Run(int argc, char** argv) {
         return 0;
     }
     if (!std::strcmp(first, "keyword")) {
-        if (argc < 3) {
-            std::fputs(kUsage, stderr);
-            return 2;
-        }
+        if (argc < 3) return UsageError("keyword: a name is needed", nullptr);
         int status = 0;
         for (int i = 2; i < argc; ++i) status |= DescribeKeyword(argv[i]);
         return status;
     }
-    std::fprintf(stderr, "inpdeck: reading decks is not available in this build\n");
-    return 2;
-}
 
-}  // namespace
+    Options options;
+    bool optionsEnded = false;
+    for (int i = 1; i < argc; ++i) {
+        const char* arg = argv[i];
+        if (!optionsEnded && arg[0] == '-' && arg[1] != '\0') {
+            if (!std::strcmp(arg, "--")) {
+                optionsEnded = true;
+            } else if (!std::strcmp(arg, "-p") || !std::strcmp(arg, "-I") || !std::strcmp(arg, "--stop-after")) {
+                if (i + 1 >= argc) return UsageError("missing value after ", arg);
+                const char* value = argv[++i];
+                if (arg[1] == 'p')
+                    options.printTo = value;
+                else if (arg[1] == 'I')
+                    options.includeDirectory = value;
+                else if (!IsPhase(value))
+                    return UsageError("unknown phase: ", value);
+                else
+                    options.stopAfter = value;
+            } else {
+                return UsageError("unknown option: ", arg);
+            }
+            continue;
+        }
+        if (options.deck) return UsageError("more than one deck: ", arg);
+        options.deck = arg;
+    }
+    if (!options.deck) return UsageError("no deck given", nullptr);
+    return RunDeck(options);
+}
 
 int main(int argc, char** argv) {
     int count = 0;

@@ -1,33 +1,139 @@
+// The driver as a user meets it: messages on standard error, the summary line, the
+// printed deck, and the exit status.
 #include <gtest/gtest.h>
 
-#include <cstdio>
-#include <string>
+#include <cstdlib>
+
+#include "../support/inp_TestFiles.h"
+
+using inp_test::ReadFile;
+using inp_test::TempDir;
 
 namespace {
 
-struct Result {
-    int status;
+struct DriverRun {
+    int status = -1;
     std::string out;
+    std::string err;
 };
 
-// Runs the driver with the given arguments; standard error goes with standard output.
-Result RunDriver(const std::string& args) {
-    std::string command = std::string(INPDECK_EXE) + " " + args + " 2>&1";
-    FILE* pipe = popen(command.c_str(), "r");
-    Result r{-1, ""};
-    if (!pipe) return r;
-    char buf[4096];
-    size_t n;
-    while ((n = fread(buf, 1, sizeof buf, pipe)) > 0) r.out.append(buf, n);
-    int raw = pclose(pipe);
-    r.status = WIFEXITED(raw) ? WEXITSTATUS(raw) : -1;
+std::string Quoted(const std::string& s) { return "'" + s + "'"; }
+
+DriverRun RunDriver(const TempDir& dir, const std::string& args) {
+    const std::string out = dir / "stdout", err = dir / "stderr", rc = dir / "status";
+    const std::string command = Quoted(INPDECK_EXE) + " " + args + " >" + Quoted(out) + " 2>" + Quoted(err) +
+                                "; echo $? >" + Quoted(rc);
+    DriverRun r;
+    if (std::system(command.c_str()) != 0) return r;
+    r.status = std::atoi(ReadFile(rc).c_str());
+    r.out = ReadFile(out);
+    r.err = ReadFile(err);
     return r;
+}
+
+std::vector<std::string> Lines(const std::string& text) {
+    std::vector<std::string> lines;
+    for (size_t start = 0, end; start < text.size(); start = end + 1) {
+        end = text.find('\n', start);
+        if (end == std::string::npos) end = text.size();
+        lines.push_back(text.substr(start, end - start));
+    }
+    return lines;
+}
+
+TEST(Driver, ExampleDeckReadsWithoutErrors) {
+    TempDir dir;
+    const std::string deck = std::string(INP_EXAMPLES_DIR) + "/beam.inp";
+    DriverRun r = RunDriver(dir, Quoted(deck) + " --stop-after parse -p " + Quoted(dir / "beam.out"));
+    EXPECT_EQ(r.status, 0) << r.err;
+    std::vector<std::string> lines = Lines(r.err);
+    ASSERT_EQ(lines.size(), 1u) << r.err;
+    EXPECT_EQ(lines[0].rfind("inpdeck: " + deck + ": 18 keywords, 66 data lines; errors: 0 fatal, 0 non-fatal, "
+                             "0 serious; 0 warnings; ", 0), 0u)
+        << lines[0];
+
+    // The normal form reads back without a message and prints the same again.
+    const std::string printed = ReadFile(dir / "beam.out");
+    EXPECT_EQ(printed.rfind("*heading\nCANTILEVERBEAM, C3D8BRICKS, STATICTIPLOAD\n*node, nset=ALLNODES\n", 0), 0u);
+    DriverRun again = RunDriver(dir, "-p - " + Quoted(dir / "beam.out"));
+    EXPECT_EQ(again.status, 0) << again.err;
+    EXPECT_EQ(again.out, printed);
+}
+
+TEST(Driver, MessagesGoToStandardErrorOneLineEach) {
+    TempDir dir;
+    const std::string deck = dir.Write("bad.inp", "*HEADING\n*BOGUS\n*INCLUDE, INPUT=nope.inp\n*NSET, \"A\"=1\n");
+    DriverRun r = RunDriver(dir, Quoted(deck));
+    EXPECT_EQ(r.status, 1);
+    std::vector<std::string> lines = Lines(r.err);
+    ASSERT_EQ(lines.size(), 4u) << r.err;
+    EXPECT_EQ(lines[0], "error[0]: Include file \"nope.inp\" does not exist.");
+    EXPECT_EQ(lines[1], "error[1]: Unknown keyword \"bogus\". The keyword may be misspelled, obsolete, or invalid.");
+    EXPECT_EQ(lines[2],
+              "error[1]: Problem when parsing keyword: NSET     Invalid parameter: \"A\"=1. The parameter may be "
+              "misspelled, obsolete, or invalid.");
+    EXPECT_EQ(lines[3].rfind("inpdeck: " + deck + ": 1 keywords, 0 data lines; errors: 1 fatal, 2 non-fatal, "
+                             "0 serious; 0 warnings; ", 0), 0u)
+        << lines[3];
+}
+
+TEST(Driver, IncludeDirectoryDefaultsToTheDeckDirectory) {
+    TempDir dir;
+    dir.Write("lib/mesh.inc", "*NODE\n1, 0., 0., 0.\n");
+    const std::string deck = dir.Write("decks/main.inp", "*INCLUDE, INPUT=mesh.inc\n");
+    dir.Write("decks/mesh.inc", "*HEADING\n");
+    DriverRun here = RunDriver(dir, "-p - " + Quoted(deck));
+    EXPECT_EQ(here.status, 0) << here.err;
+    EXPECT_EQ(here.out, "*heading\n");
+    DriverRun lib = RunDriver(dir, "-I " + Quoted(dir / "lib") + " -p - " + Quoted(deck));
+    EXPECT_EQ(lib.status, 0) << lib.err;
+    EXPECT_EQ(lib.out, "*node\n1, 0., 0., 0.\n");
+}
+
+TEST(Driver, UsageAndFileErrorsExitWithTwo) {
+    TempDir dir;
+    const std::string deck = dir.Write("ok.inp", "*HEADING\n");
+    struct Case {
+        std::string args;
+        std::string firstLine;
+    } cases[] = {
+        {"", "usage: inpdeck [options] DECK"},
+        {Quoted(dir / "absent.inp"), "inpdeck: cannot read deck \"" + (dir / "absent.inp") + "\": no such file"},
+        {Quoted(dir.Path().string()),
+         "inpdeck: cannot read deck \"" + dir.Path().string() + "\": it is a directory"},
+        {"/dev/zero", "inpdeck: cannot read deck \"/dev/zero\": not a regular file"},
+        {"--bogus " + Quoted(deck), "inpdeck: unknown option: --bogus"},
+        {"--stop-after expand " + Quoted(deck), "inpdeck: unknown phase: expand"},
+        {Quoted(deck) + " " + Quoted(deck), "inpdeck: more than one deck: " + deck},
+        {Quoted(deck) + " -p", "inpdeck: missing value after -p"},
+        {"-p " + Quoted(dir / "no/such/dir/out.inp") + " " + Quoted(deck),
+         "inpdeck: cannot write \"" + (dir / "no/such/dir/out.inp") + "\""},
+    };
+    for (const Case& c : cases) {
+        DriverRun r = RunDriver(dir, c.args);
+        EXPECT_EQ(r.status, 2) << c.args;
+        std::vector<std::string> lines = Lines(r.err);
+        ASSERT_FALSE(lines.empty()) << c.args;
+        // The unwritable output comes after the summary of the deck that was read.
+        EXPECT_EQ(c.args.rfind("-p ", 0) == 0 ? lines.back() : lines[0], c.firstLine) << c.args;
+    }
+}
+
+TEST(Driver, KeywordAndVersionCommandsStay) {
+    TempDir dir;
+    DriverRun k = RunDriver(dir, "keyword '*n o d e'");
+    EXPECT_EQ(k.status, 0);
+    EXPECT_EQ(Lines(k.out)[0], "NODE");
+    DriverRun v = RunDriver(dir, "--version");
+    EXPECT_EQ(v.status, 0);
+    EXPECT_EQ(v.out.rfind("inpdeck ", 0), 0u);
 }
 
 }  // namespace
 
-TEST(Driver, KeywordLookupResolvesAsADeckLineWould) {
-    Result r = RunDriver("keyword '*Beam General Section'");
+TEST(Driver, KeywordLookupShowsNameValueParentsAndSuboptions) {
+    TempDir dir;
+    DriverRun r = RunDriver(dir, "keyword '*Beam General Section'");
     EXPECT_EQ(r.status, 0);
     EXPECT_EQ(r.out,
               "BEAMGENERALSECTION\n"
@@ -36,20 +142,10 @@ TEST(Driver, KeywordLookupResolvesAsADeckLineWould) {
               "  may stand under  instance, part\n"
               "  suboptions       axial, beamaddedinertia, beamfluidinertia, centroid, damping, m1, m2, "
               "sectionpoints, shearcenter, thermalexpansion, torque, transverseshearstiffness\n");
-
-    Result bad = RunDriver("keyword '*contact p'");
-    EXPECT_EQ(bad.status, 1);
-    EXPECT_EQ(bad.out, "error: Ambiguous keyword definition \"contactp\".\n");
-    Result unknown = RunDriver("keyword NODEFOO");
+    DriverRun ambiguous = RunDriver(dir, "keyword '*contact p'");
+    EXPECT_EQ(ambiguous.status, 1);
+    EXPECT_EQ(ambiguous.err, "error: Ambiguous keyword definition \"contactp\".\n");
+    DriverRun unknown = RunDriver(dir, "keyword NODEFOO");
     EXPECT_EQ(unknown.status, 1);
-    EXPECT_EQ(unknown.out, "error: Unknown keyword \"nodefoo\". The keyword may be misspelled, obsolete, or invalid.\n");
-}
-
-TEST(Driver, VersionHelpAndUsage) {
-    EXPECT_EQ(RunDriver("--version").out, std::string("inpdeck ") + INP_TEST_VERSION + "\n");
-    Result help = RunDriver("--help");
-    EXPECT_EQ(help.status, 0);
-    EXPECT_NE(help.out.find("usage: inpdeck"), std::string::npos);
-    EXPECT_EQ(RunDriver("").status, 2);
-    EXPECT_EQ(RunDriver("keyword").status, 2);
+    EXPECT_EQ(unknown.err, "error: Unknown keyword \"nodefoo\". The keyword may be misspelled, obsolete, or invalid.\n");
 }

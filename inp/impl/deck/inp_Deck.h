@@ -10,13 +10,28 @@
 #ifndef INP_DECK_H
 #define INP_DECK_H
 
+#include "cow_1DArrayList.h"
 #include "cow_List.h"
 #include "cow_String.h"
+#include "inp_Keyword.h"
+
+class aio_ostream;
 
 class inp_Deck {
 public:
     inp_Deck() = default;
 
+    // Reads the file and its include files into `keywords`, replacing what was there.
+    // A bad deck raises nothing: fatal parse errors go to the error sink at level 0,
+    // then the others at level 1, and `keywords` holds what could be read. A main file
+    // that cannot be read gives an empty deck and no message; telling the user is the
+    // driver's business.
+    void Parse(cow_String name);
+    // Writes the normal form of the deck, which Parse reads back to the same keywords.
+    void Print(aio_ostream& out);
+
+    cow_1DArrayList<inp_Keyword> assemblyLevelKeywords;
+    cow_1DArrayList<inp_Keyword> keywords;
     bool isAssemblyDeck = false;
     bool hasFakeParts = false;
     bool hasInheritedPartMap = false;

@@ -1,0 +1,16 @@
+#include "inp_Deck.h"
+
+#include "inp_Parser.h"
+#include "thr_ThreadSingleton.h"
+#include "wip_WIP.h"
+
+void inp_Deck::Parse(cow_String name) {
+    fileName = name;
+    inp_Parser parser(name, includeDirectory, cow_1DArrayList<cow_String>(), cow_String(), true);
+    keywords = parser.Parse(true);
+
+    // Fatal first: a driver that stops at the first error shows the one that matters.
+    wip_WIP& sink = thr_ThreadSingleton<wip_WIP>::Instance();
+    if (!parser.FatalErrors().IsEmpty()) sink.ErrorList(parser.FatalErrors(), wip_Fatal);
+    if (!parser.Errors().IsEmpty()) sink.ErrorList(parser.Errors(), wip_Error);
+}

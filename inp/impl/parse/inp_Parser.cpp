@@ -1,0 +1,494 @@
+#include "inp_Parser.h"
+
+#include <string.h>
+
+#include <cctype>
+#include <memory>
+#include <new>
+
+#include "inp_Exceptions.h"
+#include "inp_KeywordLine.h"
+#include "inp_KeywordTable.h"
+#include "nex_Exception.h"
+#include "omi_Timer.h"
+#include "pnt_PrettyPrint.h"
+#include "typ_DebugFlags.h"
+#include "utl_FilePath.h"
+
+namespace {
+
+const unsigned kDebugFlag = 30;
+const int kErrorsPerFile = 25;
+// The keyword list of the main file is made for this many keywords, so that a large
+// deck does not regrow its block table while it is read. Include files start small:
+// the list's blocks are filled with made keywords, and a chain of a thousand small
+// include files would otherwise make millions of them for nothing.
+const int kExpectedKeywords = 16384;
+
+const char kEncryptedMarker[] = "** encrypted input";
+
+// *INCLUDE is resolved before the expansion pass has normalised any parameter name,
+// so its two parameters carry their own lists of abbreviations.
+const char* const kInputNames[] = {"i", "in", "inp", "inpu", "input", nullptr};
+const char* const kPasswordNames[] = {"p",      "pa",      "pas",      "pass",
+                                      "passw", "passwo", "passwor", "password", nullptr};
+
+bool IsOneOf(const cow_String& key, const char* const* names) {
+    for (; *names; ++names)
+        if (key == *names) return true;
+    return false;
+}
+
+bool IsLineBlank(char c) { return c == ' ' || c == '\t' || c == '\r'; }
+bool IsSpace(char c) { return std::isspace(static_cast<unsigned char>(c)) != 0; }
+
+atr_String Format1(const char* format, const atr_StringBase& value) {
+    atr_translate t(format);
+    atr_SubstituteFormat(t, 1, value);
+    return t.Result();
+}
+
+void AddLimited(cow_List<atr_String>& list, const atr_String& text, const char* closing) {
+    if (list.Count() < kErrorsPerFile) {
+        list.Append(text);
+    } else if (list.Count() == kErrorsPerFile) {
+        list.Append(text);
+        list.Append(atr_String(closing));
+    }
+}
+
+}  // namespace
+
+// An *INCLUDE that would nest the chain of files deeper than the parser allows. It is
+// fatal like a circular include: the rest of that branch of the deck is missing.
+class inp_IncludeDepthException : public inp_KeywordException {
+public:
+    inp_IncludeDepthException(int line, const cow_String& file, const cow_String& name)
+        : inp_KeywordException(line, file, Message(name)) {}
+    NEX_EXCEPTION_BODY(inp_IncludeDepthException)
+
+private:
+    static atr_String Message(const cow_String& name) {
+        atr_translate t("Include file \"%1$s\" is not read: include files are nested more than %2$s deep.");
+        atr_SubstituteFormat(t, 1, name);
+        atr_SubstituteFormat(t, 2, inp_Parser::kMaxIncludeDepth);
+        return t.Result();
+    }
+};
+
+inp_Parser::inp_Parser(const cow_String& fileName, const cow_String& includeDirectory,
+                       const cow_1DArrayList<cow_String>& enclosingFiles, const cow_String& password,
+                       bool checkHeader)
+    : m_lineNumber(0),
+      m_fileName(fileName),
+      m_includeDirectory(includeDirectory),
+      m_stashed(false),
+      m_eof(false),
+      m_password(password),
+      m_hasPassword(!password.IsEmpty()),
+      m_atFirstEncryptedLine(true),
+      m_checkHeader(checkHeader),
+      m_decryptionTime(0.0),
+      m_keywords(enclosingFiles.IsEmpty() ? kExpectedKeywords : 0),
+      m_enclosingFiles(enclosingFiles),
+      m_leadingCount(0),
+      m_memoryErrors(0),
+      m_couldNotOpen(false) {
+    m_buffer[0] = '\0';
+    m_enclosingFiles.Append(fileName);
+}
+
+inp_Parser::~inp_Parser() { close(); }
+
+cow_1DArrayList<cow_String> inp_Parser::LeadingLines() const {
+    cow_1DArrayList<cow_String> lines;
+    const char* p = m_leadingText.data();
+    for (int i = 0; i < m_leadingCount && !m_leadingText.empty(); ++i) {
+        lines.Append(cow_String(p));
+        p += strlen(p) + 1;
+    }
+    return lines;
+}
+
+// ---- the line reader ------------------------------------------------------------
+
+const char* inp_Parser::ReadLine() {
+    ++m_lineNumber;
+    if (m_stashed) {
+        m_stashed = false;
+        return m_buffer;
+    }
+    if (state & (eofbit | failbit)) {
+        m_eof = true;
+        m_buffer[0] = '\0';
+        return m_buffer;
+    }
+    getline(m_buffer, kLineLimit + 1);
+    if (state & failbit) {
+        m_eof = true;
+        m_buffer[0] = '\0';
+        return m_buffer;
+    }
+    // The limit bit, not the length of the text, tells that the line goes on: a line
+    // with a NUL byte in it looks shorter than it was read.
+    if (state & limitbit) DropRestOfLine();
+    if (m_hasPassword || strstr(m_buffer, kEncryptedMarker)) DecryptLine(m_buffer);
+
+    char* begin = m_buffer;
+    char* end = m_buffer + strlen(m_buffer);
+    if (begin == end) {
+        if (state & eofbit) m_eof = true;
+        return m_buffer;
+    }
+    while (begin < end && IsLineBlank(*begin)) ++begin;
+    while (end > begin && IsLineBlank(end[-1])) --end;
+    *end = '\0';
+    return begin;
+}
+
+void inp_Parser::DropRestOfLine() {
+    state = 0;
+    for (;;) {
+        const int c = get();
+        if (c == '\n' || (state & eofbit)) break;
+    }
+}
+
+bool inp_Parser::IsKeyword(const char* text) {
+    while (IsSpace(*text)) ++text;
+    if (*text != '*') return false;
+    ++text;
+    while (IsSpace(*text)) ++text;
+    return std::isalpha(static_cast<unsigned char>(*text)) != 0;
+}
+
+bool inp_Parser::IsComment(const char* text) { return text[0] == '*' && text[1] == '*'; }
+
+void inp_Parser::Stash(const char* stash) {
+    if (m_stashed) NEX_ASSERT(!strcmp(stash, m_buffer));
+    // The line usually points into m_buffer itself, behind its leading blanks.
+    memmove(m_buffer, stash, strlen(stash) + 1);
+    m_stashed = true;
+    --m_lineNumber;
+}
+
+void inp_Parser::SkipToKeyword(bool collect) {
+    // Only an include file's leading lines have a taker (the keyword in front of the
+    // *INCLUDE); a main file's are counted and dropped.
+    const bool keep = collect && m_enclosingFiles.Count() > 1;
+    if (collect) {
+        m_leadingText.clear();
+        m_leadingCount = 0;
+    }
+    for (;;) {
+        const char* line = ReadLine();
+        if (m_eof) return;
+        if (IsKeyword(line)) {
+            Stash(line);
+            return;
+        }
+        if (!collect || IsComment(line)) continue;
+        if (keep) m_leadingText.append(line, strlen(line) + 1);
+        ++m_leadingCount;
+    }
+}
+
+void inp_Parser::DecryptLine(char* buffer) {
+    if (m_password.IsEmpty()) {
+        inp_EncryptionException(m_lineNumber, m_fileName,
+                                Format1("The encrypted input file, \"%s\", requires a password.", m_fileName))
+            .Throw(__FILE__, __LINE__);
+    }
+    const char* p = buffer;
+    while (*p == ' ' || *p == '\t') ++p;
+    if (p[0] == '*' && p[1] == '*') return;  // comments of an enciphered file stay plain
+    m_atFirstEncryptedLine = false;
+    // Deciphering (base64 and the rotor keyed by the password) is not in this build, so
+    // a cipher line reads as a line that fails to decode.
+    if (m_checkHeader) {
+        atr_translate t(
+            "The encrypted input file, \"%1$s\", cannot be decrypted due to the following; %2$s. Most likely the "
+            "file is corrupt or the password is incorrect.");
+        atr_SubstituteFormat(t, 1, m_fileName);
+        atr_SubstituteFormat(t, 2, "enciphered input is not supported by this build");
+        inp_EncryptionException(m_lineNumber, m_fileName, t.Result()).Throw(__FILE__, __LINE__);
+    }
+    buffer[0] = '\0';
+}
+
+// ---- the parse loop ---------------------------------------------------------------
+
+cow_1DArrayList<inp_Keyword> inp_Parser::Parse(bool strict) {
+    omi_Timer timer;
+    timer.Start();
+
+    // Only a regular file is opened: a device or a pipe named as an include file could
+    // block the reader or feed it without end.
+    if (utl_FilePath(m_fileName, cow_String()).IsReadable()) open(m_fileName.c_str());
+    if (!is_open()) {
+        m_couldNotOpen = true;
+        open(nullptr);  // the first read then finds the end
+    }
+
+    try {
+        SkipToKeyword(true);
+        while (!m_eof) ParseLoop(strict);
+    } catch (const inp_EncryptionException& e) {
+        AddFatalError(e.UserReport());
+        m_keywords.ClearAll();
+        m_leadingText.clear();
+        m_leadingCount = 0;
+    } catch (const std::bad_alloc&) {
+        ++m_memoryErrors;
+    }
+
+    // A main file that cannot be read is the caller's to report; an include file was
+    // found readable a moment ago, so losing it now is the deck's problem.
+    if (m_couldNotOpen && m_enclosingFiles.Count() > 1)
+        AddFatalError(inp_UnreadableIncludeFileException(0, m_fileName, m_fileName).UserReport());
+
+    if (m_memoryErrors > 0) {
+        AddFatalError(Format1("Memory errors occured while parsing %s keywords. The errors were likely due to running "
+                              "out of physical memory or swap space.",
+                              cow_String(m_memoryErrors)));
+    }
+
+    timer.Stop();
+    if (typ_DebugFlags::GetDebugFlags(kDebugFlag) >= 1) {
+        pnt_PrettyPrint& debug = pnt_debugPrint();
+        debug.StartDebug(__FILE__, __LINE__);
+        debug << "Parse - File: " << m_fileName << "  Elapsed time: " << timer.GetElapsedTime()
+              << "  Decryption time: " << m_decryptionTime << "  CPU time: " << timer.GetTotalCpuTime() << endl;
+        debug.EndDebug();
+    }
+
+    close();
+    return m_keywords;
+}
+
+// One keyword, and where reading resumes when it fails. Kept apart from Parse so that
+// the frames an include chain stacks up stay small.
+void inp_Parser::ParseLoop(bool strict) {
+    try {
+        inp_Keyword keyword = ParseKeyword(strict);
+        if (typ_DebugFlags::GetDebugFlags(kDebugFlag) >= 2)
+            pnt_debugPrint() << Format1("Creating keyword: \"%s\".", keyword.Name()) << endl;
+        if (keyword.keyword == inp_kwInclude)
+            m_keywords.Append(ParseInclude(keyword, strict));
+        else
+            m_keywords.Append(keyword);
+        return;
+    } catch (const inp_NoInputParameterException& e) {
+        AddFatalError(e.UserReport());
+    } catch (const inp_MissingIncludeFileException& e) {
+        if (strict) AddFatalError(e.UserReport());
+    } catch (const inp_UnreadableIncludeFileException& e) {
+        AddFatalError(e.UserReport());
+    } catch (const inp_CircularIncludeFileException& e) {
+        AddFatalError(e.UserReport());
+    } catch (const inp_IncludeDepthException& e) {
+        AddFatalError(e.UserReport());
+    } catch (const inp_KeywordException& e) {
+        AddError(e.UserReport());
+    } catch (const inp_MemoryException&) {
+        ++m_memoryErrors;
+    } catch (const std::bad_alloc&) {
+        ++m_memoryErrors;
+    } catch (...) {
+        AddError(atr_String("Unknown exception"));
+    }
+    // The failed keyword is not kept: its data lines go with it.
+    SkipToKeyword(false);
+}
+
+inp_Keyword inp_Parser::ParseKeyword(bool strict) {
+    const char* data = ReadLine();
+    const int line = m_lineNumber;
+    NEX_ASSERT(data != 0);
+    NEX_ASSERT(IsKeyword(data));
+
+    cow_String text = JoinContinuationLines(data, strict);
+    inp_Keyword keyword;
+    keyword.lineNumber = line;
+    keyword.fileName = m_fileName;
+
+    int comma = 0;
+    const cow_String given = inp_KeywordLine::GivenName(text, comma);
+    const inp_KeywordTable& table = thr_ThreadSingleton<inp_KeywordTable>::Instance();
+    cow_String resolved;
+    try {
+        resolved = table.ResolveName(given);
+    } catch (const inp_UnknownKeywordException&) {
+        inp_UnknownKeywordException(line, m_fileName, given).Throw(__FILE__, __LINE__);
+    } catch (const inp_AmbiguousKeywordException&) {
+        inp_AmbiguousKeywordException(line, m_fileName, given).Throw(__FILE__, __LINE__);
+    }
+    keyword.keyword = table.Enum(resolved);
+
+    if (comma < text.Length()) {
+        cow_String list = text.Substr(comma + 1);
+        list.LeftTrim(" \t").RightTrim(" \t");
+        try {
+            keyword.parameters = ParseParameters(list, strict);
+        } catch (const inp_ParameterException& e) {
+            cow_String name(given);
+            inp_KeywordParameterException(line, m_fileName, name.ToUpper(), e).Throw(__FILE__, __LINE__);
+        }
+    }
+
+    // What follows *INCLUDE is read by ParseInclude, into the keyword it belongs to.
+    if (keyword.keyword != inp_kwInclude) ReadData(keyword.data);
+    return keyword;
+}
+
+cow_String inp_Parser::JoinContinuationLines(const char* first, bool strict) {
+    cow_String text(first);
+    while (text.Length() > 0 && text[text.Length() - 1] == ',') {
+        for (;;) {
+            const char* cdata = ReadLine();
+            NEX_ASSERT(cdata != 0);
+            if (!*cdata) {
+                // A blank line or the end of the file closes the list.
+                text.RightTrim(", ");
+                return text;
+            }
+            if (IsKeyword(cdata)) {
+                if (strict) {
+                    inp_InvalidContinuationLineException(
+                        m_lineNumber, m_fileName,
+                        Format1("A keyword has been detected on what is supposed to be a continuation line. Please "
+                                "check that a trailing comma has not been mistakenly placed in: %s",
+                                text))
+                        .Throw(__FILE__, __LINE__);
+                }
+                continue;
+            }
+            if (IsComment(cdata)) continue;
+            text.append(cdata);
+            break;
+        }
+    }
+    return text;
+}
+
+cow_Map<cow_String, inp_Item> inp_Parser::ParseParameters(const cow_String& text, bool strict) {
+    return inp_KeywordLine::ParseParameters(text, strict);
+}
+
+void inp_Parser::ReadData(inp_DataArray& data) {
+    for (;;) {
+        const char* line = ReadLine();
+        if (m_eof) return;
+        if (IsKeyword(line)) {
+            Stash(line);
+            return;
+        }
+        if (IsComment(line)) continue;
+        data.Append(line);
+    }
+}
+
+// ---- include files ----------------------------------------------------------------
+
+cow_String inp_Parser::LocateInclude(const inp_Keyword& include, cow_String& password) {
+    cow_String name;
+    bool haveName = false, havePassword = false;
+    cow_ConstMapIterator<cow_String, inp_Item> it(include.parameters);
+    for (it.First(); !it.IsDone(); it.Next()) {
+        if (!haveName && IsOneOf(it.CurrentKey(), kInputNames)) {
+            name = it.CurrentValue().AsString();
+            haveName = true;
+        } else if (!havePassword && IsOneOf(it.CurrentKey(), kPasswordNames)) {
+            password = it.CurrentValue().AsString();
+            havePassword = true;
+        }
+    }
+
+    const int line = m_lineNumber;
+    if (name.IsEmpty()) inp_NoInputParameterException(line, m_fileName).Throw(__FILE__, __LINE__);
+    if (name.StartsWith("<") && name.EndsWith(">"))
+        inp_ParameterizedIncludeFileException(line, m_fileName, name).Throw(__FILE__, __LINE__);
+
+    // The current directory first, then the include directory.
+    utl_FilePath path(name, cow_String());
+    if (!path.Exists()) {
+        path.SetFilePath(name, m_includeDirectory);
+        if (!path.Exists()) {
+            // "None" is what a value of no type reads as, which a lenient parse lets
+            // through; it names no file that anybody wrote.
+            if (name != "None") m_missingFiles.AppendUnlessMember(path.FileName());
+            inp_MissingIncludeFileException(line, m_fileName, name).Throw(__FILE__, __LINE__);
+        }
+    }
+    if (!path.IsReadable()) inp_UnreadableIncludeFileException(line, m_fileName, name).Throw(__FILE__, __LINE__);
+
+    // Only the chain above this file counts: one file may be included twice in a row.
+    const cow_String absolute = path.AbsolutePathName();
+    if (m_enclosingFiles.IsMember(absolute))
+        inp_CircularIncludeFileException(line, m_fileName, name).Throw(__FILE__, __LINE__);
+    if (m_enclosingFiles.Count() >= kMaxIncludeDepth)
+        inp_IncludeDepthException(line, m_fileName, name).Throw(__FILE__, __LINE__);
+
+    m_includedFiles.Append(name);
+    m_includedSet.insert(std::string_view(m_includedFiles.Last().c_str()));
+    return absolute;
+}
+
+cow_1DArrayList<inp_Keyword> inp_Parser::ParseInclude(const inp_Keyword& include, bool strict) {
+    cow_String password;
+    const cow_String absolute = LocateInclude(include, password);
+
+    // On the heap: a chain of includes stacks one parser per file, and the line buffer
+    // and stream state of each would otherwise sit in the frames.
+    std::unique_ptr<inp_Parser> child(
+        new inp_Parser(absolute, m_includeDirectory, m_enclosingFiles, password, m_checkHeader));
+    cow_1DArrayList<inp_Keyword> keywords = child->Parse(strict);
+    MergeChild(*child);
+
+    // Lines at the top of the include file continue the keyword in front of *INCLUDE.
+    // With no keyword in front, in this file, they are lost.
+    if (!m_keywords.IsEmpty()) {
+        inp_DataArray target = m_keywords.Last().data;
+        const char* p = child->m_leadingText.data();
+        for (int i = 0; i < child->m_leadingCount && !child->m_leadingText.empty(); ++i) {
+            target.Append(p);
+            p += strlen(p) + 1;
+        }
+        if (typ_DebugFlags::GetDebugFlags(kDebugFlag) >= 2) {
+            pnt_debugPrint() << child->m_leadingCount << " lines added to keyword \"" << m_keywords.Last().Name()
+                             << "\" from input file \"." << absolute << "\"." << endl;
+        }
+    }
+    child.reset();
+
+    // Lines behind *INCLUDE continue the last keyword the include file gave, or else
+    // the one in front of the *INCLUDE. With neither, they stay for the next
+    // ParseKeyword, which refuses them as no keyword line.
+    if (!keywords.IsEmpty()) {
+        inp_DataArray target = keywords.Last().data;
+        ReadData(target);
+    } else if (!m_keywords.IsEmpty()) {
+        inp_DataArray target = m_keywords.Last().data;
+        ReadData(target);
+    }
+    return keywords;
+}
+
+void inp_Parser::MergeChild(inp_Parser& child) {
+    m_errors.Append(child.m_errors);
+    m_fatalErrors.Append(child.m_fatalErrors);
+    for (int i = 0; i < child.m_includedFiles.Count(); ++i) {
+        const cow_String& name = child.m_includedFiles.ConstGet(i);
+        if (m_includedSet.count(std::string_view(name.c_str()))) continue;
+        m_includedFiles.Append(name);
+        m_includedSet.insert(std::string_view(m_includedFiles.Last().c_str()));
+    }
+}
+
+void inp_Parser::AddFatalError(const atr_String& text) {
+    AddLimited(m_fatalErrors, text, "No more fatal errors will be reported ...");
+}
+
+void inp_Parser::AddError(const atr_String& text) {
+    AddLimited(m_errors, text, "No more (non-fatal) errors will be reported ...");
+}

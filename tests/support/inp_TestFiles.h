@@ -1,0 +1,126 @@
+// Small decks on disk for tests: a temporary directory that cleans up after itself,
+// and the shortest ways to read a deck and look at what came out.
+#ifndef INP_TESTFILES_H
+#define INP_TESTFILES_H
+
+#include <filesystem>
+#include <fstream>
+#include <random>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "aio_ostream.h"
+#include "inp_Deck.h"
+#include "inp_Parser.h"
+
+namespace inp_test {
+
+class TempDir {
+public:
+    TempDir() {
+        std::random_device seed;
+        std::filesystem::path base = std::filesystem::temp_directory_path();
+        for (;;) {
+            m_path = base / ("inpdeck-test-" + std::to_string(seed()));
+            if (std::filesystem::create_directory(m_path)) break;
+        }
+        m_path = std::filesystem::canonical(m_path);
+    }
+    ~TempDir() {
+        std::error_code ec;
+        std::filesystem::remove_all(m_path, ec);
+    }
+    TempDir(const TempDir&) = delete;
+    TempDir& operator=(const TempDir&) = delete;
+
+    const std::filesystem::path& Path() const { return m_path; }
+    std::string operator/(const std::string& name) const { return (m_path / name).string(); }
+
+    // Writes the bytes as they are (no newline added) and gives the absolute path.
+    std::string Write(const std::string& name, const std::string& bytes) const {
+        std::filesystem::path p = m_path / name;
+        std::filesystem::create_directories(p.parent_path());
+        std::ofstream out(p, std::ios::binary);
+        out << bytes;
+        return p.string();
+    }
+
+private:
+    std::filesystem::path m_path;
+};
+
+// Runs a block with the current directory set to `dir`, and restores it.
+class InDirectory {
+public:
+    explicit InDirectory(const std::filesystem::path& dir) : m_old(std::filesystem::current_path()) {
+        std::filesystem::current_path(dir);
+    }
+    ~InDirectory() { std::filesystem::current_path(m_old); }
+
+private:
+    std::filesystem::path m_old;
+};
+
+inline std::string ReadFile(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    std::stringstream s;
+    s << in.rdbuf();
+    return s.str();
+}
+
+// What one parser run gave.
+struct ParseResult {
+    cow_1DArrayList<inp_Keyword> keywords;
+    std::vector<std::string> errors;
+    std::vector<std::string> fatal;
+    std::vector<std::string> missing;
+    std::vector<std::string> leading;
+};
+
+inline std::vector<std::string> ToVector(const cow_List<atr_String>& list) {
+    std::vector<std::string> out;
+    for (int i = 0; i < list.Count(); ++i) out.push_back(list.ConstGet(i).c_str());
+    return out;
+}
+
+inline std::vector<std::string> ToVector(const cow_1DArrayList<cow_String>& list) {
+    std::vector<std::string> out;
+    for (int i = 0; i < list.Count(); ++i) out.push_back(list.ConstGet(i).c_str());
+    return out;
+}
+
+// A parser as inp_Deck::Parse builds it, or, with `parent`, as an *INCLUDE in that
+// file would build it for a child.
+inline ParseResult ParseFile(const std::string& path, bool strict = true, const std::string& includeDirectory = "",
+                             const std::string& parent = "") {
+    cow_1DArrayList<cow_String> enclosing;
+    if (!parent.empty()) enclosing.Append(cow_String(parent.c_str()));
+    inp_Parser parser(cow_String(path.c_str()), cow_String(includeDirectory.c_str()), enclosing, cow_String(), true);
+    ParseResult r;
+    r.keywords = parser.Parse(strict);
+    r.errors = ToVector(parser.Errors());
+    r.fatal = ToVector(parser.FatalErrors());
+    r.missing = ToVector(parser.MissingFiles());
+    r.leading = ToVector(parser.LeadingLines());
+    return r;
+}
+
+// The normal form of a keyword list, as the deck printer writes it.
+inline std::string Printed(const cow_1DArrayList<inp_Keyword>& keywords) {
+    aio_ostringstream out;
+    for (int i = 0; i < keywords.Count(); ++i) keywords.ConstGet(i).Print(out, true);
+    out.flush();
+    return out.str().c_str();
+}
+
+inline std::string Printed(const inp_Keyword& keyword, bool recursive = true) {
+    aio_ostringstream out;
+    keyword.Print(out, recursive);
+    out.flush();
+    return out.str().c_str();
+}
+
+}  // namespace inp_test
+
+#endif
