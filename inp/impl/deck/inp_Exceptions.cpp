@@ -14,3 +14,7 @@ inp_UnknownKeywordException::inp_UnknownKeywordException(int line, const cow_Str
 
 inp_AmbiguousKeywordException::inp_AmbiguousKeywordException(int line, const cow_String& file, const cow_String& name)
     : inp_KeywordException(line, file, Format("Ambiguous keyword definition \"%s\".", name)) {}
+
+inp_MemoryException::inp_MemoryException()
+    : nex_TextException(atr_translate("Memory allocation error. Insufficient physical memory or swap space.").Result()) {}
+inp_MemoryException::~inp_MemoryException() = default;

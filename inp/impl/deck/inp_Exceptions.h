@@ -25,4 +25,11 @@ public:
     NEX_EXCEPTION_BODY(inp_AmbiguousKeywordException)
 };
 
+class inp_MemoryException : public nex_TextException {
+public:
+    inp_MemoryException();
+    ~inp_MemoryException() override;
+    NEX_EXCEPTION_BODY(inp_MemoryException)
+};
+
 #endif
