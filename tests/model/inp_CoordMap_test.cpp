@@ -125,7 +125,7 @@ TEST(CoordMap, InstancesOfOnePartDoNotAffectEachOtherOrThePart) {
 }
 
 TEST(CoordMap, RenumberLaysScopesOutInOneGaplessRange) {
-    // The edge case of the text: root 10, 20; instance 5, 6.
+    // Root 10, 20 and instance 5, 6: the instance block follows the root block.
     inp_CoordMap root = MapOf({20, 10});
     AddInstance(root, "I", MapOf({6, 5}));
     inpM_IdMap ids = root.Renumber(1, false);
