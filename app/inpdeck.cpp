@@ -56,9 +56,7 @@ int DescribeKeyword(const char* given) {
     return 0;
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
+int Run(int argc, char** argv) {
     if (argc < 2) {
         std::fputs(kUsage, stderr);
         return 2;
@@ -83,4 +81,14 @@ int main(int argc, char** argv) {
     }
     std::fprintf(stderr, "inpdeck: reading decks is not available in this build\n");
     return 2;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    int count = 0;
+    inp_initialize(count);
+    int status = Run(argc, argv);
+    inp_finalize(count);
+    return status;
 }

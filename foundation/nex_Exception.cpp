@@ -1,5 +1,7 @@
 #include "nex_Exception.h"
 
+#include <exception>
+
 namespace {
 unsigned g_nextSerial = 0;  // per-object ids; exceptions belong to one thread
 }
@@ -24,7 +26,9 @@ void nex_Exception::Throw(const char* file, int line) {
     m_file = file ? file : "";
     m_line = line;
     Propagate();
-    throw *this;  // not reached: Propagate raises
+    // The compiler cannot see that a virtual Propagate never returns; one that did
+    // would break every caller that relies on Throw not coming back.
+    std::terminate();
 }
 
 atr_String nex_TextException::DeveloperReport() const { return nex_Exception::DeveloperReport(); }

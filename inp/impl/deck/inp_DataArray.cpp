@@ -1,0 +1,270 @@
+// Raw data lines: one block per line, items cut in place, typed on demand.
+#include "inp_DataArray.h"
+
+#include <cctype>
+#include <cstdlib>
+#include <cstring>
+
+#include "inp_Exceptions.h"
+#include "nex_Exception.h"
+
+namespace {
+
+const int kInitialRows = 10;
+
+inline bool IsBlankChar(char c) { return c == ' ' || c == '\t' || c == '\r'; }
+
+// Copies up to n characters of s to out with the StripBlanks rule and gives the length
+// written. out may be s itself: it never runs ahead of the reading position.
+int StripBlanksCopy(const char* s, int n, char* out, bool upper) {
+    bool quoted = false;
+    int w = 0;
+    for (int r = 0; r < n; ++r) {
+        char c = s[r];
+        if (c == '\0') break;
+        if (c == '\n') {
+            out[w++] = c;
+            break;
+        }
+        if (c == '"')
+            quoted = !quoted;
+        else if (!quoted && IsBlankChar(c))
+            continue;
+        out[w++] = upper ? static_cast<char>(std::toupper(static_cast<unsigned char>(c))) : c;
+    }
+    return w;
+}
+
+// One allocation: the copy is compacted in place.
+cow_String StripBlanksOf(const char* s, int n, bool upper) {
+    if (n <= 0) return cow_String();
+    cow_String out(s, n);
+    char* p = &out[0];
+    int w = StripBlanksCopy(p, n, p, upper);
+    if (w < n) out.Erase(w, n - w);
+    return out;
+}
+
+// Length of a stored line: its items one behind the other, each with its NUL.
+int BlockLength(const char* block, int items) {
+    const char* p = block;
+    for (int k = 0; k < items; ++k) p += std::strlen(p) + 1;
+    return static_cast<int>(p - block);
+}
+
+}  // namespace
+
+cow_String StripBlanks(const char* text) {
+    if (!text) return cow_String();
+    return StripBlanksOf(text, static_cast<int>(std::strlen(text)), false);
+}
+
+cow_String StripBlanks(const cow_String& text) { return StripBlanksOf(text.c_str(), text.Length(), false); }
+
+inp_DataArrayImpl::~inp_DataArrayImpl() = default;
+
+inp_RawDataArrayImpl::inp_RawDataArrayImpl()
+    : nrows(0), allocatedSize(kInitialRows), rows(nullptr), ncols(nullptr) {
+    rows = static_cast<char**>(std::malloc(sizeof(char*) * kInitialRows));
+    ncols = static_cast<int*>(std::malloc(sizeof(int) * kInitialRows));
+    if (!rows || !ncols) {
+        std::free(rows);
+        std::free(ncols);
+        inp_MemoryException().Throw(__FILE__, __LINE__);
+    }
+}
+
+// The copy is sized to the lines in use: a cloned array is seldom appended to.
+inp_RawDataArrayImpl::inp_RawDataArrayImpl(const inp_RawDataArrayImpl& other)
+    : inp_DataArrayImpl(), nrows(0), allocatedSize(other.nrows), rows(nullptr), ncols(nullptr) {
+    size_t n = static_cast<size_t>(other.nrows);
+    if (n > 0) {
+        rows = static_cast<char**>(std::malloc(sizeof(char*) * n));
+        ncols = static_cast<int*>(std::malloc(sizeof(int) * n));
+        if (!rows || !ncols) {
+            std::free(rows);
+            std::free(ncols);
+            inp_MemoryException().Throw(__FILE__, __LINE__);
+        }
+    }
+    for (int i = 0; i < other.nrows; ++i) {
+        int length = BlockLength(other.rows[i], other.ncols[i]);
+        char* block = static_cast<char*>(std::malloc(static_cast<size_t>(length)));
+        if (!block) {
+            for (int k = 0; k < nrows; ++k) std::free(rows[k]);
+            std::free(rows);
+            std::free(ncols);
+            inp_MemoryException().Throw(__FILE__, __LINE__);
+        }
+        std::memcpy(block, other.rows[i], static_cast<size_t>(length));
+        rows[i] = block;
+        ncols[i] = other.ncols[i];
+        nrows = i + 1;
+    }
+}
+
+inp_RawDataArrayImpl::~inp_RawDataArrayImpl() {
+    for (int i = 0; i < nrows; ++i) std::free(rows[i]);
+    std::free(rows);
+    std::free(ncols);
+}
+
+// The parameter names are those of the assertion texts, which callers may see.
+char* inp_RawDataArrayImpl::Item(int i, int j) const {
+    NEX_ASSERT(i >= 0 && i < nrows);
+    NEX_ASSERT(j >= 0 && j < ncols[i]);
+    char* p = rows[i];
+    for (int k = 0; k < j; ++k) p += std::strlen(p) + 1;
+    return p;
+}
+
+void inp_RawDataArrayImpl::StoreLine(int i, const char* text, int length) {
+    char* block = static_cast<char*>(std::malloc(static_cast<size_t>(length) + 1));
+    if (!block) inp_MemoryException().Throw(__FILE__, __LINE__);
+    std::memcpy(block, text, static_cast<size_t>(length));
+    block[length] = '\0';
+    int items = 1;
+    bool quoted = false;
+    for (int k = 0; k < length; ++k) {
+        if (block[k] == '"') {
+            quoted = !quoted;
+        } else if (block[k] == ',' && !quoted) {
+            block[k] = '\0';
+            ++items;
+        }
+    }
+    rows[i] = block;
+    ncols[i] = items;
+}
+
+int inp_RawDataArrayImpl::NumberOfLines() const { return nrows; }
+
+int inp_RawDataArrayImpl::NumberOfItems(int i) const {
+    NEX_ASSERT(i >= 0 && i < nrows);
+    return ncols[i];
+}
+
+inp_Types::typeEnm inp_RawDataArrayImpl::Type(int line, int item) const { return Type(Item(line, item)); }
+
+inp_Types::typeEnm inp_RawDataArrayImpl::Type(const char* text) {
+    const char* p = text;
+    while (IsBlankChar(*p)) ++p;
+    int n = 0;
+    for (const char* q = p; *q; ++q)
+        if (!IsBlankChar(*q)) ++n;
+    if (n < 1) return inp_Types::typeNone;
+
+    char first = *p;
+    if (first == 'e' || first == 'E' || first == 'd' || first == 'D') return inp_Types::typeString;
+    if (first == '+' || first == '-') {
+        ++p;
+        --n;
+    }
+    // Blanks inside the text are not skipped here: `1 2` meets its blank and is a name.
+    int signs = 0, points = 0, marks = 0;
+    for (int k = 0; k < n; ++k) {
+        char c = p[k];
+        if (c == '+' || c == '-')
+            ++signs;
+        else if (c == '.')
+            ++points;
+        else if (c == 'e' || c == 'E' || c == 'd' || c == 'D')
+            ++marks;
+        else if (c < '0' || c > '9')
+            return inp_Types::typeString;
+    }
+    if (signs == 0 && points == 0 && marks == 0) return inp_Types::typeInt;
+    if (signs <= 1 && points <= 1 && marks <= 1) return inp_Types::typeDouble;
+    return inp_Types::typeString;
+}
+
+bool inp_RawDataArrayImpl::IsBlank(int line, int item) const {
+    for (const char* p = Item(line, item); *p; ++p)
+        if (!IsBlankChar(*p)) return false;
+    return true;
+}
+
+bool inp_RawDataArrayImpl::HasValue(int line, int item) const {
+    if (line < 0 || line >= nrows || item < 0 || item >= ncols[line]) return false;
+    return !IsBlank(line, item);
+}
+
+int inp_RawDataArrayImpl::AsInt(int line, int item) const { return std::atoi(Item(line, item)); }
+
+double inp_RawDataArrayImpl::AsDouble(int line, int item) const {
+    char* p = Item(line, item);
+    char* mark = std::strchr(p, 'D');
+    if (!mark) mark = std::strchr(p, 'd');
+    if (mark) *mark = 'e';
+    return std::atof(p);
+}
+
+cow_String inp_RawDataArrayImpl::AsStringVerbatim(int line, int item) const {
+    const char* p = Item(line, item);
+    const char* end = p + std::strlen(p);
+    while (p < end && (*p == ' ' || *p == '\t')) ++p;
+    while (end > p && (end[-1] == ' ' || end[-1] == '\t')) --end;
+    return cow_String(p, static_cast<int>(end - p));
+}
+
+// Trim first, then strip: with an unbalanced quote the two differ, and the trimmed form
+// is the one the item is defined by.
+cow_String inp_RawDataArrayImpl::AsString(int line, int item) const {
+    const char* p = Item(line, item);
+    const char* end = p + std::strlen(p);
+    while (p < end && (*p == ' ' || *p == '\t')) ++p;
+    while (end > p && (end[-1] == ' ' || end[-1] == '\t')) --end;
+    return StripBlanksOf(p, static_cast<int>(end - p), true);
+}
+
+void inp_RawDataArrayImpl::Set(int i, int j, const cow_String& text) {
+    NEX_ASSERT(i >= 0 && i < nrows);
+    NEX_ASSERT(j >= 0);
+    int last = ncols[i] - 1 > j ? ncols[i] - 1 : j;
+    cow_String line;
+    for (int k = 0; k <= last; ++k) {
+        if (k > 0) line.append(',');
+        if (k == j)
+            line.append(text);
+        else if (k < ncols[i])
+            line.append(AsString(i, k));
+    }
+    std::free(rows[i]);
+    rows[i] = nullptr;
+    ncols[i] = 0;
+    StoreLine(i, line.c_str(), line.Length());
+}
+
+void inp_RawDataArrayImpl::Set(int line, int item, double value) { Set(line, item, cow_String(value)); }
+
+void inp_RawDataArrayImpl::Set(int line, int item, int value) { Set(line, item, cow_String(value)); }
+
+void inp_RawDataArrayImpl::Append(const char* text) {
+    if (!text) text = "";
+    if (nrows + 1 > allocatedSize) {
+        int size = allocatedSize * 2 < kInitialRows ? kInitialRows : allocatedSize * 2;
+        // The first array may grow although the second fails: the larger one does no harm.
+        char** newRows = static_cast<char**>(std::realloc(rows, sizeof(char*) * static_cast<size_t>(size)));
+        if (!newRows) inp_MemoryException().Throw(__FILE__, __LINE__);
+        rows = newRows;
+        int* newCols = static_cast<int*>(std::realloc(ncols, sizeof(int) * static_cast<size_t>(size)));
+        if (!newCols) inp_MemoryException().Throw(__FILE__, __LINE__);
+        ncols = newCols;
+        allocatedSize = size;
+    }
+    StoreLine(nrows, text, static_cast<int>(std::strlen(text)));
+    ++nrows;
+}
+
+bool inp_RawDataArrayImpl::LastItemIsBlank(int i) const {
+    NEX_ASSERT(i >= 0 && i < nrows);
+    return IsBlank(i, ncols[i] - 1);
+}
+
+inp_DataArrayImpl* inp_RawDataArrayImpl::Clone() const { return new inp_RawDataArrayImpl(*this); }
+
+cow_String inp_DataArray::AsString(int line, int item, const cow_String& fallback) const {
+    if (line >= 0 && line < NumberOfLines() && item >= 0 && item < NumberOfItems(line))
+        return AsString(line, item);
+    return StripBlanksOf(fallback.c_str(), fallback.Length(), true);
+}

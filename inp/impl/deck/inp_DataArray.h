@@ -1,0 +1,131 @@
+// The data lines of a keyword.
+//
+// A deck can hold millions of data lines, and most passes look at few of their items,
+// so lines are not parsed when they are read: inp_RawDataArrayImpl keeps each line as
+// one block of text, cut into items in place, and types an item only when asked.
+// Packed forms for node and element data implement the same interface elsewhere.
+//
+// inp_DataArray is the handle a keyword holds. It counts but does not copy on write:
+// every copy of a keyword sees, and writes into, the same array. A pass that wants the
+// data on its own clones the implementation into a new handle.
+//
+// Lines and items count from 0. An item is one comma-separated field of a line; a comma
+// between double quotes belongs to its item.
+#ifndef INP_DATAARRAY_H
+#define INP_DATAARRAY_H
+
+#include "cow_COW.h"
+#include "cow_String.h"
+#include "inp_Types.h"
+
+class inp_DataArrayImpl {
+public:
+    virtual ~inp_DataArrayImpl();
+
+    virtual int NumberOfLines() const = 0;
+    virtual int NumberOfItems(int line) const = 0;
+    virtual inp_Types::typeEnm Type(int line, int item) const = 0;
+    virtual bool IsBlank(int line, int item) const = 0;
+    // Never fails: false for an item that does not exist.
+    virtual bool HasValue(int line, int item) const = 0;
+    virtual int AsInt(int line, int item) const = 0;
+    virtual double AsDouble(int line, int item) const = 0;
+    // The form in which passes compare items: blanks outside quotes removed, upper case.
+    virtual cow_String AsString(int line, int item) const = 0;
+    // Trimmed, in its own case.
+    virtual cow_String AsStringVerbatim(int line, int item) const = 0;
+    virtual void Set(int line, int item, const cow_String& text) = 0;
+    virtual void Set(int line, int item, double value) = 0;
+    virtual void Set(int line, int item, int value) = 0;
+    virtual void Append(const char* line) = 0;
+    virtual bool LastItemIsBlank(int line) const = 0;
+    // A new array of the same kind and contents; the caller owns it.
+    virtual inp_DataArrayImpl* Clone() const = 0;
+};
+
+// Lines as raw text. Each line is one heap block holding the text with every separating
+// comma turned into a NUL, so item j starts behind the j-th NUL and nothing is stored
+// per item. Typing repeats at every read; nothing is cached.
+class inp_RawDataArrayImpl : public inp_DataArrayImpl {
+public:
+    inp_RawDataArrayImpl();
+    ~inp_RawDataArrayImpl() override;
+
+    int NumberOfLines() const override;
+    int NumberOfItems(int line) const override;
+    inp_Types::typeEnm Type(int line, int item) const override;
+    bool IsBlank(int line, int item) const override;
+    bool HasValue(int line, int item) const override;
+    int AsInt(int line, int item) const override;
+    // Rewrites a `D` or `d` exponent mark of the item to `e` in the stored line, so a
+    // later verbatim read shows the `e`.
+    double AsDouble(int line, int item) const override;
+    cow_String AsString(int line, int item) const override;
+    cow_String AsStringVerbatim(int line, int item) const override;
+    // Rebuilds the whole line: the other items come back in their AsString form, and
+    // positions between the old end and `item` are left empty.
+    void Set(int line, int item, const cow_String& text) override;
+    void Set(int line, int item, double value) override;
+    void Set(int line, int item, int value) override;
+    void Append(const char* line) override;
+    bool LastItemIsBlank(int line) const override;
+    inp_DataArrayImpl* Clone() const override;
+
+    // A quick guess whether a text is a number, looser than the patterns: it tells
+    // numbers from names and validates nothing (`1-5` and `.` pass as doubles).
+    static inp_Types::typeEnm Type(const char* text);
+
+protected:
+    int nrows;          // lines in use
+    int allocatedSize;  // slots of rows and ncols
+    char** rows;        // one block per line
+    int* ncols;         // items per line
+
+private:
+    inp_RawDataArrayImpl(const inp_RawDataArrayImpl& other);
+    inp_RawDataArrayImpl& operator=(const inp_RawDataArrayImpl&) = delete;
+
+    // Checks both indices and finds the item.
+    char* Item(int i, int j) const;
+    // Copies a text into a new block for line i and cuts it into items.
+    void StoreLine(int i, const char* text, int length);
+};
+
+class inp_DataArray : public cow_CountedHld<inp_DataArrayImpl> {
+    using Base = cow_CountedHld<inp_DataArrayImpl>;
+
+public:
+    // Holds no array; a keyword always gets one.
+    inp_DataArray() = default;
+    // Takes ownership.
+    explicit inp_DataArray(inp_DataArrayImpl* impl) : Base(impl) {}
+
+    using Base::HasValue;
+
+    int NumberOfLines() const { return SharedGet().NumberOfLines(); }
+    int NumberOfItems(int line) const { return SharedGet().NumberOfItems(line); }
+    inp_Types::typeEnm Type(int line, int item) const { return SharedGet().Type(line, item); }
+    bool IsBlank(int line, int item) const { return SharedGet().IsBlank(line, item); }
+    bool HasValue(int line, int item) const { return SharedGet().HasValue(line, item); }
+    int AsInt(int line, int item) const { return SharedGet().AsInt(line, item); }
+    double AsDouble(int line, int item) const { return SharedGet().AsDouble(line, item); }
+    cow_String AsString(int line, int item) const { return SharedGet().AsString(line, item); }
+    cow_String AsStringVerbatim(int line, int item) const { return SharedGet().AsStringVerbatim(line, item); }
+    void Set(int line, int item, const cow_String& text) { SharedGet().Set(line, item, text); }
+    void Set(int line, int item, double value) { SharedGet().Set(line, item, value); }
+    void Set(int line, int item, int value) { SharedGet().Set(line, item, value); }
+    void Append(const char* line) { SharedGet().Append(line); }
+    bool LastItemIsBlank(int line) const { return SharedGet().LastItemIsBlank(line); }
+    inp_DataArrayImpl* Clone() const { return SharedGet().Clone(); }
+
+    // The item when it exists, blank or not; otherwise the fallback in the same form
+    // as an item, so that callers can read optional columns without asking first.
+    cow_String AsString(int line, int item, const cow_String& fallback) const;
+};
+
+// Drops blanks, tabs and carriage returns outside double quotes; quotes and what stands
+// between them are kept. Stops at a NUL or a newline, and keeps a newline that stopped it.
+cow_String StripBlanks(const char* text);
+cow_String StripBlanks(const cow_String& text);
+
+#endif

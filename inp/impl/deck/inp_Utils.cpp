@@ -1,0 +1,123 @@
+// Keyword messages and generation sequences.
+#include "inp_Utils.h"
+
+#include "inp_DataArray.h"
+#include "inp_Keyword.h"
+
+namespace {
+
+const char* const kAnalyticalSurfaceTypes[] = {"SEGMENTS", "CYLINDER", "REVOLUTION", "USER", "BEZIER", "BSPLINE"};
+
+// The file as the user knows it. Only a backslash counts as a separator: names with
+// forward slashes are shown whole.
+cow_String ShownFileName(const cow_String& fileName) {
+    int slash = fileName.rfind("\\", 1);
+    return slash < fileName.Length() ? fileName.Substr(slash + 1) : fileName;
+}
+
+atr_String ListMessage(const inp_Keyword& keyword, const atr_String& text, const cow_String& joined) {
+    atr_translate t("%s:\n%s");
+    atr_SubstituteFormat(t, 1, text);
+    atr_SubstituteFormat(t, 2, joined);
+    return inp_Utils::MessageInKeyword(keyword, t.Result());
+}
+
+}  // namespace
+
+atr_String inp_Utils::MessageInKeyword(const inp_Keyword& keyword, const atr_String& text) {
+    atr_translate name("in keyword *%s");
+    atr_SubstituteFormat(name, 1, keyword.Name().ToUpper());
+    atr_String out = name.Result();
+    if (!keyword.fileName.IsEmpty()) {
+        atr_translate file(", file \"%s\"");
+        atr_SubstituteFormat(file, 1, ShownFileName(keyword.fileName));
+        out.append(file.Result());
+    }
+    if (keyword.lineNumber != 0) {
+        atr_translate line(", line %d:");
+        atr_SubstituteFormat(line, 1, keyword.lineNumber);
+        out.append(line.Result());
+    }
+    out.append(' ');
+    return out.append(text);
+}
+
+atr_String inp_Utils::MessageInKeyword(const inp_Keyword& keyword, const atr_String& text,
+                                       const cow_1DArrayList<int>& ids) {
+    cow_String joined;
+    for (int i = 0; i < ids.Count(); ++i) {
+        if (i > 0) joined.append(", ");
+        joined.append(cow_String(ids[i]));
+    }
+    return ListMessage(keyword, text, joined);
+}
+
+atr_String inp_Utils::MessageInKeyword(const inp_Keyword& keyword, const atr_String& text,
+                                       const cow_List<cow_String>& names) {
+    cow_String joined;
+    for (int i = 0; i < names.Count(); ++i) {
+        if (i > 0) joined.append(", ");
+        joined.append(names[i]);
+    }
+    return ListMessage(keyword, text, joined);
+}
+
+bool inp_Utils::IsAnalyticalSurfaceType(const cow_String& type) {
+    for (const char* known : kAnalyticalSurfaceTypes)
+        if (type == known) return true;
+    return false;
+}
+
+bool inp_Utils::HasScopeSeparator(const cow_String& name) {
+    bool quoted = false;
+    for (const char* p = name.c_str(); *p; ++p) {
+        if (*p == '"')
+            quoted = !quoted;
+        else if (*p == '.' && !quoted)
+            return true;
+    }
+    return false;
+}
+
+// Arithmetic in 64 bits: ids come from atoi and may lie anywhere in the int range.
+inp_Utils::Generation inp_Utils::ExpandGeneration(const cow_1DArrayList<int>& ids, const cow_String& context) {
+    Generation result;
+    if (ids.Count() < 2) {
+        atr_translate t(
+            "There are fewer than 2 items on a data line for which a generation sequence (start id, end id, "
+            "optional increment number) is expected.  The keyword in question is related to %s.  Please check "
+            "input data.");
+        atr_SubstituteFormat(t, 1, context);
+        result.errors.Append(t.Result());
+        return result;
+    }
+    long long start = ids[0], end = ids[1];
+    long long increment = ids.Count() > 2 && ids[2] != 0 ? ids[2] : 1;
+    long long distance = end - start;
+    bool rightWay = distance == 0 || (distance > 0 ? increment > 0 : increment < 0);
+    if (!rightWay || distance % increment != 0) {
+        atr_translate t("Increment of %1$s cannot be used to step from %2$s to %3$s on %4$s keyword.");
+        atr_SubstituteFormat(t, 1, static_cast<int>(increment));
+        atr_SubstituteFormat(t, 2, ids[0]);
+        atr_SubstituteFormat(t, 3, ids[1]);
+        atr_SubstituteFormat(t, 4, context);
+        result.errors.Append(t.Result());
+        return result;
+    }
+    long long count = distance / increment + 1;
+    for (long long k = 0; k < count; ++k) result.ids.Append(static_cast<int>(start + k * increment));
+    return result;
+}
+
+inp_Utils::Generation inp_Utils::ExpandDataGeneration(const inp_DataArray& data, const cow_String& context) {
+    Generation result;
+    for (int line = 0; line < data.NumberOfLines(); ++line) {
+        cow_1DArrayList<int> ids;
+        for (int item = 0; item < data.NumberOfItems(line); ++item)
+            if (!data.IsBlank(line, item)) ids.Append(data.AsInt(line, item));
+        Generation one = ExpandGeneration(ids, context);
+        result.ids.Append(one.ids);
+        result.errors.Append(one.errors);
+    }
+    return result;
+}

@@ -1,0 +1,45 @@
+// Small operations that every pass shares: the location prefix of keyword messages,
+// name classifiers and the expansion of generation sequences (start, end, increment).
+//
+// Nothing here raises. Errors of a generation are handed back for the caller to put
+// into its visitor's list.
+#ifndef INP_UTILS_H
+#define INP_UTILS_H
+
+#include "atr_String.h"
+#include "cow_1DArrayList.h"
+#include "cow_List.h"
+#include "cow_String.h"
+
+class inp_DataArray;
+class inp_Keyword;
+
+class inp_Utils {
+public:
+    struct Generation {
+        cow_1DArrayList<int> ids;
+        cow_List<atr_String> errors;
+    };
+
+    // `in keyword *NAME, file "x", line n: text`; the file part is left out for a
+    // keyword that has no file, the line part (with its colon) for one without line.
+    static atr_String MessageInKeyword(const inp_Keyword& keyword, const atr_String& text);
+    // The same with ":\n" and the elements joined by ", " behind the text.
+    static atr_String MessageInKeyword(const inp_Keyword& keyword, const atr_String& text,
+                                       const cow_1DArrayList<int>& ids);
+    static atr_String MessageInKeyword(const inp_Keyword& keyword, const atr_String& text,
+                                       const cow_List<cow_String>& names);
+
+    // One of the surface types that are given by geometry, not by elements; exact, upper case.
+    static bool IsAnalyticalSurfaceType(const cow_String& type);
+    // A period outside double quotes: the name is scoped.
+    static bool HasScopeSeparator(const cow_String& name);
+
+    // The ids of one data line, start, end and an optional increment, as the sequence
+    // they stand for. `context` names the keyword in the messages.
+    static Generation ExpandGeneration(const cow_1DArrayList<int>& ids, const cow_String& context);
+    // ExpandGeneration on the non-blank items of each line, all results joined in order.
+    static Generation ExpandDataGeneration(const inp_DataArray& data, const cow_String& context);
+};
+
+#endif

@@ -1,0 +1,213 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "inp_DataArray.h"
+#include "inp_Exceptions.h"
+#include "nex_Exception.h"
+
+namespace {
+
+// Sees the storage fields, to check the growth of the line arrays.
+class RawArray : public inp_RawDataArrayImpl {
+public:
+    int Capacity() const { return allocatedSize; }
+};
+
+inp_DataArray ArrayOf(std::initializer_list<const char*> lines) {
+    inp_DataArray data(new inp_RawDataArrayImpl());
+    for (const char* line : lines) data.Append(line);
+    return data;
+}
+
+// The condition text of the assertion that an operation raises, or "" if none.
+template <class F>
+std::string AssertionOf(F f) {
+    try {
+        f();
+    } catch (const nex_AssertException& e) {
+        return e.Condition().c_str();
+    }
+    return "";
+}
+
+}  // namespace
+
+TEST(RawDataArray, ItemsAreCutAtCommasOutsideQuotes) {
+    inp_DataArray data = ArrayOf({"1, 2.5,\"a,b\",", "", "1,2,", "\"a,b\",c"});
+    ASSERT_EQ(data.NumberOfLines(), 4);
+    EXPECT_EQ(data.NumberOfItems(0), 4);
+    EXPECT_EQ(data.AsStringVerbatim(0, 1), "2.5");
+    EXPECT_EQ(data.AsStringVerbatim(0, 2), "\"a,b\"");
+    EXPECT_TRUE(data.IsBlank(0, 3));
+
+    EXPECT_EQ(data.NumberOfItems(1), 1);
+    EXPECT_TRUE(data.IsBlank(1, 0));
+    EXPECT_FALSE(data.HasValue(1, 0));
+    EXPECT_EQ(data.Type(1, 0), inp_Types::typeNone);
+
+    EXPECT_EQ(data.NumberOfItems(2), 3);
+    EXPECT_TRUE(data.LastItemIsBlank(2));
+    EXPECT_TRUE(data.LastItemIsBlank(0));
+    EXPECT_FALSE(data.LastItemIsBlank(3));
+
+    EXPECT_EQ(data.NumberOfItems(3), 2);
+    EXPECT_EQ(data.AsString(3, 0), "\"A,B\"");
+}
+
+TEST(RawDataArray, VerbatimAndNormalisedForms) {
+    inp_DataArray data = ArrayOf({"  my_Set ,\t\"my set\" , a b\r,\"open b "});
+    EXPECT_EQ(data.AsStringVerbatim(0, 0), "my_Set");
+    EXPECT_EQ(data.AsString(0, 0), "MY_SET");
+    EXPECT_EQ(data.AsString(0, 1), "\"MY SET\"");
+    EXPECT_EQ(data.AsStringVerbatim(0, 2), "a b\r");  // only blanks and tabs are trimmed
+    EXPECT_EQ(data.AsString(0, 2), "AB");
+    // An unbalanced quote keeps what follows it, but the trim comes first.
+    EXPECT_EQ(data.AsString(0, 3), "\"OPEN B");
+}
+
+TEST(RawDataArray, TypeScan) {
+    struct Case {
+        const char* text;
+        inp_Types::typeEnm type;
+    };
+    const Case cases[] = {
+        {"1.5", inp_Types::typeDouble},   {"12", inp_Types::typeInt},      {"abc", inp_Types::typeString},
+        {"e5", inp_Types::typeString},    {"D5", inp_Types::typeString},   {"1.2.3", inp_Types::typeString},
+        {"1+2+3", inp_Types::typeString}, {"  ", inp_Types::typeNone},     {"\t\r", inp_Types::typeNone},
+        {"1-5", inp_Types::typeDouble},   {"1e", inp_Types::typeDouble},   {"1e+", inp_Types::typeDouble},
+        {"--1", inp_Types::typeDouble},   {".", inp_Types::typeDouble},    {"+", inp_Types::typeInt},
+        {"-", inp_Types::typeInt},        {"1 2", inp_Types::typeString},  {"12 ", inp_Types::typeInt},
+        {" -12", inp_Types::typeInt},     {"1.5d3", inp_Types::typeDouble}, {"1e5e", inp_Types::typeString},
+        {"+1.5E-3", inp_Types::typeDouble}, {"1..", inp_Types::typeString},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(inp_RawDataArrayImpl::Type(c.text), c.type) << "\"" << c.text << "\"";
+        EXPECT_EQ(ArrayOf({c.text}).Type(0, 0), c.type) << "\"" << c.text << "\"";
+    }
+}
+
+TEST(RawDataArray, NumbersAreReadInPlace) {
+    inp_DataArray data = ArrayOf({"1.5D3, 2d-1, 7, name, 1.5E3"});
+    EXPECT_DOUBLE_EQ(data.AsDouble(0, 0), 1500.0);
+    EXPECT_EQ(data.AsStringVerbatim(0, 0), "1.5e3");  // the read rewrote the stored line
+    EXPECT_DOUBLE_EQ(data.AsDouble(0, 1), 0.2);
+    EXPECT_EQ(data.AsStringVerbatim(0, 1), "2e-1");
+    EXPECT_DOUBLE_EQ(data.AsDouble(0, 4), 1500.0);
+    EXPECT_EQ(data.AsStringVerbatim(0, 4), "1.5E3");
+    EXPECT_EQ(data.AsInt(0, 3), 0);  // no type check: a name reads as 0
+}
+
+TEST(RawDataArray, SetRebuildsTheLine) {
+    inp_DataArray data = ArrayOf({"a b, c", "1, 2, 3"});
+    data.Set(0, 4, cow_String("X"));
+    ASSERT_EQ(data.NumberOfItems(0), 5);
+    EXPECT_EQ(data.AsStringVerbatim(0, 0), "AB");
+    EXPECT_EQ(data.AsStringVerbatim(0, 1), "C");
+    EXPECT_TRUE(data.IsBlank(0, 2));
+    EXPECT_TRUE(data.IsBlank(0, 3));
+    EXPECT_EQ(data.AsStringVerbatim(0, 4), "X");
+
+    data.Set(1, 1, cow_String("p,\"q,r\""));  // a comma outside quotes makes an item more
+    ASSERT_EQ(data.NumberOfItems(1), 4);
+    EXPECT_EQ(data.AsStringVerbatim(1, 1), "p");
+    EXPECT_EQ(data.AsStringVerbatim(1, 2), "\"q,r\"");
+    EXPECT_EQ(data.AsStringVerbatim(1, 3), "3");
+
+    data.Set(1, 0, 42);
+    EXPECT_EQ(data.AsInt(1, 0), 42);
+    EXPECT_EQ(data.Type(1, 0), inp_Types::typeInt);
+    data.Set(1, 3, 2.5);
+    EXPECT_DOUBLE_EQ(data.AsDouble(1, 3), 2.5);
+    EXPECT_EQ(data.NumberOfItems(1), 4);
+}
+
+TEST(RawDataArray, LineArraysGrowByDoubling) {
+    RawArray* raw = new RawArray();
+    inp_DataArray data(raw);
+    EXPECT_EQ(raw->Capacity(), 10);
+    for (int i = 0; i < 10; ++i) data.Append(std::to_string(i).c_str());
+    EXPECT_EQ(raw->Capacity(), 10);
+    data.Append("10");
+    EXPECT_EQ(raw->Capacity(), 20);
+    for (int i = 11; i < 21; ++i) data.Append(std::to_string(i).c_str());
+    EXPECT_EQ(raw->Capacity(), 40);
+    for (int i = 0; i < 21; ++i) EXPECT_EQ(data.AsInt(i, 0), i);
+}
+
+TEST(RawDataArray, CloneIsIndependent) {
+    inp_DataArray data = ArrayOf({"1,\"a,b\",,x", "", "2D1"});
+    inp_DataArray copy(data.Clone());
+    ASSERT_EQ(copy.NumberOfLines(), 3);
+    EXPECT_EQ(copy.NumberOfItems(0), 4);
+    EXPECT_EQ(copy.AsString(0, 1), "\"A,B\"");
+    EXPECT_EQ(copy.AsStringVerbatim(0, 3), "x");
+    EXPECT_EQ(copy.NumberOfItems(1), 1);
+
+    copy.AsDouble(2, 0);
+    copy.Set(0, 0, cow_String("9"));
+    EXPECT_EQ(data.AsStringVerbatim(2, 0), "2D1");
+    EXPECT_EQ(data.AsStringVerbatim(0, 0), "1");
+
+    // A clone of an empty array has no room yet and still grows.
+    inp_DataArray empty(new inp_RawDataArrayImpl());
+    inp_DataArray emptyCopy(empty.Clone());
+    for (int i = 0; i < 12; ++i) emptyCopy.Append("z");
+    EXPECT_EQ(emptyCopy.NumberOfLines(), 12);
+    EXPECT_EQ(empty.NumberOfLines(), 0);
+}
+
+TEST(RawDataArray, IndexChecksRaiseAssertions) {
+    inp_DataArray data = ArrayOf({"1,2"});
+    EXPECT_EQ(AssertionOf([&] { data.AsInt(1, 0); }), "i >= 0 && i < nrows");
+    EXPECT_EQ(AssertionOf([&] { data.NumberOfItems(-1); }), "i >= 0 && i < nrows");
+    EXPECT_EQ(AssertionOf([&] { data.IsBlank(0, 2); }), "j >= 0 && j < ncols[i]");
+    EXPECT_EQ(AssertionOf([&] { data.AsDouble(0, -1); }), "j >= 0 && j < ncols[i]");
+    EXPECT_EQ(AssertionOf([&] { data.Set(0, -1, cow_String("x")); }), "j >= 0");
+    EXPECT_EQ(AssertionOf([&] { data.Set(3, 0, 1); }), "i >= 0 && i < nrows");
+    EXPECT_EQ(AssertionOf([&] { data.LastItemIsBlank(1); }), "i >= 0 && i < nrows");
+
+    // HasValue is the one read that never raises.
+    EXPECT_FALSE(data.HasValue(1, 0));
+    EXPECT_FALSE(data.HasValue(0, 2));
+    EXPECT_TRUE(data.HasValue(0, 1));
+
+    // The place of the raise is recorded.
+    try {
+        data.AsInt(0, 7);
+        FAIL();
+    } catch (const nex_AssertException& e) {
+        EXPECT_NE(std::string(e.SourceFile()).find("inp_DataArray"), std::string::npos);
+        EXPECT_GT(e.SourceLine(), 0);
+    }
+}
+
+TEST(DataArrayHandle, FallbackForMissingItems) {
+    inp_DataArray data = ArrayOf({"a, ,c", "x"});
+    EXPECT_EQ(data.AsString(5, 0, cow_String("a b")), "AB");
+    EXPECT_EQ(data.AsString(1, 1, cow_String("\"q r\" s")), "\"Q R\"S");
+    EXPECT_EQ(data.AsString(-1, 0, cow_String("d")), "D");
+    EXPECT_EQ(data.AsString(0, 1, cow_String("fallback")), "");  // a blank item is still the item
+    EXPECT_EQ(data.AsString(0, 2, cow_String("fallback")), "C");
+}
+
+TEST(StripBlanks, RemovesBlanksOutsideQuotes) {
+    struct Case {
+        const char* in;
+        const char* out;
+    };
+    const Case cases[] = {
+        {"A B", "AB"},
+        {"\"A B\"", "\"A B\""},
+        {" a\t\"x  y\" b\r", "a\"x  y\"b"},
+        {"a b\nc d", "ab\n"},
+        {"\"a\nb\"", "\"a\n"},
+        {"", ""},
+        {"   ", ""},
+        {"\"open  ", "\"open  "},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(StripBlanks(c.in), c.out) << c.in;
+        EXPECT_EQ(StripBlanks(cow_String(c.in)), c.out) << c.in;
+    }
+}
