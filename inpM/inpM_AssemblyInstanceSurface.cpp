@@ -1,7 +1,6 @@
 #include "inpM_AssemblyInstanceSurface.h"
 
-#include <ostream>
-
+#include "aio_ostream.h"
 #include "inpM_IdMap.h"
 #include "inpM_Utils.h"
 
@@ -95,7 +94,7 @@ cow_List<cow_String> inpM_AssemblyInstanceSurface::Instances() const {
     return inpM_Utils::SortedKeys(instanceSurfaces);
 }
 
-void inpM_AssemblyInstanceSurface::Print(std::ostream& out) const {
+void inpM_AssemblyInstanceSurface::Print(aio_ostream& out) const {
     out << "assembly surface" << (internal ? " (internal)" : "") << "\n";
     cow_List<cow_String> names = Instances();
     for (int i = 0; i < names.Count(); ++i) {

@@ -8,13 +8,12 @@
 #ifndef INPM_ASSEMBLYINSTANCESURFACE_H
 #define INPM_ASSEMBLYINSTANCESURFACE_H
 
-#include <iosfwd>
-
 #include "cow_List.h"
 #include "cow_Map.h"
 #include "cow_String.h"
 #include "inpM_PartInstanceSurface.h"
 
+class aio_ostream;
 class inpM_IdMap;
 
 class inpM_AssemblyInstanceSurface {
@@ -42,7 +41,7 @@ public:
     void ChangeInstanceName(const cow_String& oldName, const cow_String& newName);
     // Instance names in ascending byte order.
     cow_List<cow_String> Instances() const;
-    void Print(std::ostream& out) const;
+    void Print(aio_ostream& out) const;
 
     bool internal;
     cow_Map<cow_String, inpM_SurfaceHandle> instanceSurfaces;

@@ -1,7 +1,6 @@
 #include "inpM_BaseSet.h"
 
-#include <ostream>
-
+#include "aio_ostream.h"
 #include "inpM_IdMap.h"
 #include "inpM_Utils.h"
 
@@ -52,13 +51,13 @@ cow_1DArrayList<int> KeepKnown(const cow_1DArrayList<int>& ids, const inpM_IdMap
     return out;
 }
 
-void PrintIds(std::ostream& out, const char* label, const cow_1DArrayList<int>& ids) {
+void PrintIds(aio_ostream& out, const char* label, const cow_1DArrayList<int>& ids) {
     out << "  " << label << ":";
     for (int i = 0; i < ids.Count(); ++i) out << (i ? ", " : " ") << ids[i];
     out << "\n";
 }
 
-void PrintSet(std::ostream& out, const inpM_BaseSet& set, const char* kind) {
+void PrintSet(aio_ostream& out, const inpM_BaseSet& set, const char* kind) {
     out << kind << (set.IsInternal() ? " (internal)" : "") << "\n";
     PrintIds(out, "top level", set.ConstGetTopLevelIds());
     cow_List<cow_String> names = set.GatherRootLevelInstanceNames();
@@ -71,7 +70,7 @@ inpM_BaseSet::~inpM_BaseSet() = default;
 
 // ---- inpM_SortedSet
 
-void inpM_SortedSet::Print(std::ostream& out) const { PrintSet(out, *this, "sorted set"); }
+void inpM_SortedSet::Print(aio_ostream& out) const { PrintSet(out, *this, "sorted set"); }
 
 void inpM_SortedSet::Add(const cow_String& instance, int id) { GetOrInsert(m_instanceIds, instance).Insert(id); }
 
@@ -198,7 +197,7 @@ cow_List<cow_String> inpM_SortedSet::GatherRootLevelInstanceNames() const {
 
 // ---- inpM_UnsortedSet
 
-void inpM_UnsortedSet::Print(std::ostream& out) const { PrintSet(out, *this, "unsorted set"); }
+void inpM_UnsortedSet::Print(aio_ostream& out) const { PrintSet(out, *this, "unsorted set"); }
 
 void inpM_UnsortedSet::Add(const cow_String& instance, int id) { GetOrInsert(m_instanceIds, instance).Append(id); }
 

@@ -11,8 +11,6 @@
 #ifndef INPM_BASESET_H
 #define INPM_BASESET_H
 
-#include <iosfwd>
-
 #include "cow_1DArrayList.h"
 #include "cow_COW.h"
 #include "cow_List.h"
@@ -20,6 +18,7 @@
 #include "cow_String.h"
 #include "inpM_OmiSet.h"
 
+class aio_ostream;
 class inpM_IdMap;
 class inpM_SortedSet;
 
@@ -31,7 +30,7 @@ public:
     explicit inpM_BaseSet(inpM_SetTypeFlag flag = inpM_UserSet) : renumbered(false), typeFlag(flag) {}
     virtual ~inpM_BaseSet();
 
-    virtual void Print(std::ostream& out) const = 0;
+    virtual void Print(aio_ostream& out) const = 0;
     virtual inpM_BaseSet* Copy() const = 0;
     virtual void Add(const cow_String& instance, int id) = 0;
     virtual void Add(int id) = 0;
@@ -80,7 +79,7 @@ public:
 
     explicit inpM_SortedSet(inpM_SetTypeFlag flag = inpM_UserSet) : inpM_BaseSet(flag) {}
 
-    void Print(std::ostream& out) const override;
+    void Print(aio_ostream& out) const override;
     inpM_BaseSet* Copy() const override { return new inpM_SortedSet(*this); }
     void Add(const cow_String& instance, int id) override;
     void Add(int id) override { m_ids.Insert(id); }
@@ -116,7 +115,7 @@ public:
     explicit inpM_UnsortedSet(const cow_1DArrayList<int>& ids, inpM_SetTypeFlag flag = inpM_UserSet)
         : inpM_BaseSet(flag), m_ids(ids) {}
 
-    void Print(std::ostream& out) const override;
+    void Print(aio_ostream& out) const override;
     inpM_BaseSet* Copy() const override { return new inpM_UnsortedSet(*this); }
     void Add(const cow_String& instance, int id) override;
     void Add(int id) override { m_ids.Append(id); }

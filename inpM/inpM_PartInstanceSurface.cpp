@@ -1,7 +1,6 @@
 #include "inpM_PartInstanceSurface.h"
 
-#include <ostream>
-
+#include "aio_ostream.h"
 #include "inpM_IdMap.h"
 #include "inpM_Utils.h"
 
@@ -12,7 +11,7 @@ const inpM_NodeAreaList& EmptyNodeAreaList() {
     return empty;
 }
 
-void PrintHead(std::ostream& out, const char* kind, bool internal) {
+void PrintHead(aio_ostream& out, const char* kind, bool internal) {
     out << kind << (internal ? " (internal)" : "") << "\n";
 }
 
@@ -20,7 +19,7 @@ void PrintHead(std::ostream& out, const char* kind, bool internal) {
 
 inpM_PartInstanceSurface::~inpM_PartInstanceSurface() = default;
 
-void inpM_PartInstanceSurface::Print(std::ostream& out) const { PrintHead(out, "analytical surface", internal); }
+void inpM_PartInstanceSurface::Print(aio_ostream& out) const { PrintHead(out, "analytical surface", internal); }
 
 cow_Map<cow_String, cow_1DArrayList<int>> inpM_PartInstanceSurface::ConstGetFaceIdElementIdsMap() const {
     return cow_Map<cow_String, cow_1DArrayList<int>>();
@@ -85,7 +84,7 @@ void inpM_ElementFaceIdSurface::Intersection(const inpM_PartInstanceSurface& oth
     }
 }
 
-void inpM_ElementFaceIdSurface::Print(std::ostream& out) const {
+void inpM_ElementFaceIdSurface::Print(aio_ostream& out) const {
     PrintHead(out, "element face surface", internal);
     cow_List<cow_String> faces = inpM_Utils::SortedKeys(m_faces);
     for (int i = 0; i < faces.Count(); ++i) {
@@ -168,10 +167,10 @@ void inpM_NodeAreaSurface::Intersection(const inpM_PartInstanceSurface& other) {
     m_nodes = kept;
 }
 
-void inpM_NodeAreaSurface::Print(std::ostream& out) const {
+void inpM_NodeAreaSurface::Print(aio_ostream& out) const {
     PrintHead(out, "node surface", internal);
     inpM_NodeAreaListIT it(m_nodes);
-    for (it.First(); !it.IsDone(); it.Next()) out << "  " << it.CurrentKey() << " " << it.CurrentValue() << "\n";
+    for (it.First(); !it.IsDone(); it.Next()) out << "  " << it.CurrentKey() << " " << cow_String(it.CurrentValue()) << "\n";
 }
 
 void inpM_NodeAreaSurface::Renumber(const inpM_IdMap& ids, bool dropMissing) {

@@ -9,8 +9,6 @@
 #ifndef INPM_PARTINSTANCESURFACE_H
 #define INPM_PARTINSTANCESURFACE_H
 
-#include <iosfwd>
-
 #include "cow_1DArrayList.h"
 #include "cow_COW.h"
 #include "cow_Map.h"
@@ -18,6 +16,7 @@
 #include "inpM_NodeAreaList.h"
 #include "inpM_OmiSet.h"
 
+class aio_ostream;
 class inpM_IdMap;
 
 enum inpM_SurfaceTypes : int { inpM_ElementSurface = 0, inpM_NodeSurface = 1, inpM_AnalyticalSurface = 2 };
@@ -32,7 +31,7 @@ public:
     virtual void Add(const inpM_PartInstanceSurface&) {}
     virtual void Difference(const inpM_PartInstanceSurface&) {}
     virtual void Intersection(const inpM_PartInstanceSurface&) {}
-    virtual void Print(std::ostream& out) const;
+    virtual void Print(aio_ostream& out) const;
     // The ids of the surface through the map of its own scope. With dropMissing
     // an id without an entry leaves the surface; without it the id stays.
     virtual void Renumber(const inpM_IdMap&, bool) {}
@@ -56,7 +55,7 @@ public:
     void Add(const inpM_PartInstanceSurface& other) override;
     void Difference(const inpM_PartInstanceSurface& other) override;
     void Intersection(const inpM_PartInstanceSurface& other) override;
-    void Print(std::ostream& out) const override;
+    void Print(aio_ostream& out) const override;
     void Renumber(const inpM_IdMap& ids, bool dropMissing) override;
     void Cleanup(const inpM_IdMap& ids) override;
     cow_Map<cow_String, cow_1DArrayList<int>> ConstGetFaceIdElementIdsMap() const override;
@@ -81,7 +80,7 @@ public:
     void Difference(const inpM_PartInstanceSurface& other) override;
     // A node of both surfaces keeps its own area.
     void Intersection(const inpM_PartInstanceSurface& other) override;
-    void Print(std::ostream& out) const override;
+    void Print(aio_ostream& out) const override;
     void Renumber(const inpM_IdMap& ids, bool dropMissing) override;
     void Cleanup(const inpM_IdMap& ids) override;
     const inpM_NodeAreaList& ConstGetNodeAreaList() const override { return m_nodes; }

@@ -1,7 +1,6 @@
 #include "inpM_SetMap.h"
 
-#include <ostream>
-
+#include "aio_ostream.h"
 #include "inpM_IdMap.h"
 #include "inpM_Utils.h"
 
@@ -192,7 +191,7 @@ void inpM_SetMap::RemoveInternalSets() {
     for (int i = 0; i < scopes.Count(); ++i) DropInternal(instances.Get(scopes[i]).Get());
 }
 
-void inpM_SetMap::Print(std::ostream& out) const {
+void inpM_SetMap::Print(aio_ostream& out) const {
     cow_List<cow_String> names = inpM_Utils::SortedKeys(*this);
     for (int i = 0; i < names.Count(); ++i) {
         out << "set " << names[i] << ": ";

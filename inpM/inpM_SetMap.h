@@ -8,14 +8,13 @@
 #ifndef INPM_SETMAP_H
 #define INPM_SETMAP_H
 
-#include <iosfwd>
-
 #include "cow_COW.h"
 #include "cow_List.h"
 #include "cow_Map.h"
 #include "cow_String.h"
 #include "inpM_BaseSet.h"
 
+class aio_ostream;
 class inpM_IdMap;
 
 using inpM_BaseSetMap = cow_Map<cow_String, inpM_SetHandle>;
@@ -67,7 +66,7 @@ public:
     // Drops every set that the system made for itself, at every level.
     void RemoveInternalSets();
 
-    void Print(std::ostream& out) const;
+    void Print(aio_ostream& out) const;
 };
 
 #endif

@@ -1,7 +1,6 @@
 #include "inpM_SurfaceMap.h"
 
-#include <ostream>
-
+#include "aio_ostream.h"
 #include "inpM_IdMap.h"
 #include "inpM_Utils.h"
 
@@ -126,7 +125,7 @@ void inpM_SurfaceMap::ChangeInstanceName(const cow_String& oldName, const cow_St
 
 cow_List<cow_String> inpM_SurfaceMap::Instances() const { return inpM_Utils::SortedKeys(partInstanceSurfaces); }
 
-void inpM_SurfaceMap::Print(std::ostream& out) const {
+void inpM_SurfaceMap::Print(aio_ostream& out) const {
     cow_List<cow_String> scopes = Instances();
     for (int s = 0; s < scopes.Count(); ++s) {
         const inpM_PartInstanceSurfaceMap& level = partInstanceSurfaces.ConstGet(scopes[s]);

@@ -6,14 +6,13 @@
 #ifndef INPM_SURFACEMAP_H
 #define INPM_SURFACEMAP_H
 
-#include <iosfwd>
-
 #include "cow_List.h"
 #include "cow_Map.h"
 #include "cow_String.h"
 #include "inpM_AssemblyInstanceSurface.h"
 #include "inpM_PartInstanceSurface.h"
 
+class aio_ostream;
 class inpM_IdMap;
 
 class inpM_SurfaceMap {
@@ -50,7 +49,7 @@ public:
     // Scope names in ascending byte order.
     cow_List<cow_String> Instances() const;
 
-    void Print(std::ostream& out) const;
+    void Print(aio_ostream& out) const;
 };
 
 #endif
