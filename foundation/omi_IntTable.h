@@ -180,13 +180,7 @@ public:
 private:
     void FirstSorted()
     {
-        sorted_.clear();
-        sorted_.reserve(static_cast<std::size_t>(table_->Count()));
-        omi_IntTableIterator plain(*table_);
-        for (plain.First(); !plain.IsDone(); plain.Next())
-            sorted_.push_back(Entry{plain.CurrentKey(), &plain.CurrentValue()});
-        if (!sorted_.empty())
-            std::qsort(sorted_.data(), sorted_.size(), sizeof(Entry), compare_);
+        omi_FillSorted<omi_IntTableIterator>(sorted_, *table_, compare_);
         position_ = 0;
         done_ = sorted_.empty();
     }

@@ -196,6 +196,20 @@ private:
 // First collects every entry as an Entry (key and value pointer) and sorts
 // them with qsort, so the comparison receives two `const Entry*`. Writing to
 // the table during a walk is not supported.
+// Fills `sorted` with every entry of a plain walk over the table and sorts it with the
+// C library's qsort, as the sorted iterators of both table kinds do.
+template <class PlainIterator, class Entry, class Table>
+void omi_FillSorted(std::vector<Entry>& sorted, const Table& table, int (*compare)(const void*, const void*))
+{
+    sorted.clear();
+    sorted.reserve(static_cast<std::size_t>(table.Count()));
+    PlainIterator plain(table);
+    for (plain.First(); !plain.IsDone(); plain.Next())
+        sorted.push_back(Entry{plain.CurrentKey(), &plain.CurrentValue()});
+    if (!sorted.empty())
+        std::qsort(sorted.data(), sorted.size(), sizeof(Entry), compare);
+}
+
 template <class T>
 class omi_UintTableIterator {
 public:
@@ -295,13 +309,7 @@ private:
 
     void FirstSorted()
     {
-        sorted_.clear();
-        sorted_.reserve(static_cast<std::size_t>(table_->Count()));
-        omi_UintTableIterator plain(*table_);
-        for (plain.First(); !plain.IsDone(); plain.Next())
-            sorted_.push_back(Entry{plain.CurrentKey(), &plain.CurrentValue()});
-        if (!sorted_.empty())
-            std::qsort(sorted_.data(), sorted_.size(), sizeof(Entry), compare_);
+        omi_FillSorted<omi_UintTableIterator>(sorted_, *table_, compare_);
         position_ = 0;
         done_ = sorted_.empty();
     }
