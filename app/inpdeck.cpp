@@ -208,9 +208,7 @@ bool IsPhase(const char* name) {
     return false;
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
+int Run(int argc, char** argv) {
     if (argc < 2) return UsageError(nullptr, nullptr);
     const char* first = argv[1];
     if (!std::strcmp(first, "--version")) {
@@ -256,4 +254,14 @@ int main(int argc, char** argv) {
     }
     if (!options.deck) return UsageError("no deck given", nullptr);
     return RunDeck(options);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    int count = 0;
+    inp_initialize(count);
+    int status = Run(argc, argv);
+    inp_finalize(count);
+    return status;
 }

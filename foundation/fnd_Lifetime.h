@@ -1,7 +1,8 @@
 // Start and end of the foundation libraries.
 //
-// Each library has an x_initialize/x_finalize pair that raises or lowers the count it
-// is given by one and does what little its library needs. The library frame calls
+// Each library has an x_initialize/x_finalize pair that does what little its library
+// needs; the count it is given is the caller's and stays as it is (inp_initialize raises
+// it once for the whole chain). The library frame calls
 // the initialisers in the order of fnd_InitializeAll, and the finalisers in reverse,
 // once per process (it keeps the reference count of its callers itself). Every call
 // is written to a log, so a test can check that order.

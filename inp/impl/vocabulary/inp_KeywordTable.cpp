@@ -1,9 +1,10 @@
 #include "inp_KeywordTable.h"
 
 #include <cstring>
-#include <mutex>
 
 #include "inp_Exceptions.h"
+#include "thr_GlobalLock.h"
+#include "thr_ThrSingletonRegistry.h"
 
 inp_KeywordTable::inp_KeywordTable() {
     for (const inp_KeywordRow* row = inp_keywordRows; row->name; ++row) {
@@ -107,28 +108,31 @@ cow_1DArrayList<int> inp_KeywordTable::PartLevelKeywords() const { return Subopt
 
 namespace {
 
-std::mutex& SlotLock() {
-    static std::mutex lock;
-    return lock;
-}
+// The slot stands for a thread-local storage index: allocated with the first table of
+// the process, freed with the last, both under the global lock.
 bool g_slotAllocated = false;
 int g_liveTables = 0;
 
 struct TableSlot {
     inp_KeywordTable* table = nullptr;
-    ~TableSlot() { Free(); }  // thread end
     void Free() {
         if (!table) return;
         delete table;
         table = nullptr;
-        std::lock_guard<std::mutex> guard(SlotLock());
+        thr_GlobalLock::Guard guard;
         if (--g_liveTables == 0) g_slotAllocated = false;
     }
+    ~TableSlot() { Free(); }  // a thread that never ran the registry's teardown
 };
 
 TableSlot& Slot() {
     thread_local TableSlot slot;
     return slot;
+}
+
+int DestroyCallingThreadsTable() {
+    Slot().Free();
+    return 0;
 }
 
 }  // namespace
@@ -137,11 +141,14 @@ inp_KeywordTable& thr_ThreadSingleton<inp_KeywordTable>::Instance() {
     TableSlot& slot = Slot();
     if (!slot.table) {
         {
-            std::lock_guard<std::mutex> guard(SlotLock());
+            thr_GlobalLock::Guard guard;
             g_slotAllocated = true;
             ++g_liveTables;
         }
         slot.table = new inp_KeywordTable();
+        // Registering also arms this thread, so the table goes at thread end.
+        thr_GlobalSingleton<thr_ThrSingletonRegistry>::Instance().SetDestructLevel(
+            &DestroyCallingThreadsTable, static_cast<thr_ThreadObjectDestructLevel>(9));
     }
     return *slot.table;
 }
@@ -150,6 +157,6 @@ void thr_ThreadSingleton<inp_KeywordTable>::Destroy() { Slot().Free(); }
 bool thr_ThreadSingleton<inp_KeywordTable>::Exists() { return Slot().table != nullptr; }
 
 int thr_ThreadSingleton<inp_KeywordTable>::LiveCount() {
-    std::lock_guard<std::mutex> guard(SlotLock());
+    thr_GlobalLock::Guard guard;
     return g_liveTables;
 }
