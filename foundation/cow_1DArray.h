@@ -52,23 +52,13 @@ public:
         if (this == &o) return *this;
         if (o.m_tableRefs) ++*o.m_tableRefs;
         ReleaseTable();
-        m_slots = o.m_slots;
-        m_shift = o.m_shift;
-        m_end = o.m_end;
-        m_head = o.m_head;
-        m_tableRefs = o.m_tableRefs;
-        m_table = o.m_table;
+        TakeFields(o);
         return *this;
     }
     cow_1DArray& operator=(cow_1DArray&& o) noexcept {
         if (this != &o) {
             ReleaseTable();
-            m_slots = o.m_slots;
-            m_shift = o.m_shift;
-            m_end = o.m_end;
-            m_head = o.m_head;
-            m_tableRefs = o.m_tableRefs;
-            m_table = o.m_table;
+            TakeFields(o);
             o.m_tableRefs = nullptr;
             o.m_table = nullptr;
             o.m_end = o.m_head = 0;
@@ -156,6 +146,15 @@ public:
     }
 
 private:
+    void TakeFields(const cow_1DArray& o) {
+        m_slots = o.m_slots;
+        m_shift = o.m_shift;
+        m_end = o.m_end;
+        m_head = o.m_head;
+        m_tableRefs = o.m_tableRefs;
+        m_table = o.m_table;
+    }
+
     int BlockSize() const { return 1 << m_shift; }
     int BlocksFor(int physicalEnd) const { return (physicalEnd + BlockSize() - 1) >> m_shift; }
 
