@@ -208,9 +208,7 @@ bool IsPhase(const char* name) {
     return false;
 }
 
-}  // namespace
-
-static int Run(int argc, char** argv) {
+int Run(int argc, char** argv) {
     if (argc < 2) return UsageError(nullptr, nullptr);
     const char* first = argv[1];
     if (!std::strcmp(first, "--version")) {
@@ -257,6 +255,8 @@ static int Run(int argc, char** argv) {
     if (!options.deck) return UsageError("no deck given", nullptr);
     return RunDeck(options);
 }
+
+}  // namespace
 
 int main(int argc, char** argv) {
     int count = 0;

@@ -119,19 +119,7 @@ TEST(Driver, UsageAndFileErrorsExitWithTwo) {
     }
 }
 
-TEST(Driver, KeywordAndVersionCommandsStay) {
-    TempDir dir;
-    DriverRun k = RunDriver(dir, "keyword '*n o d e'");
-    EXPECT_EQ(k.status, 0);
-    EXPECT_EQ(Lines(k.out)[0], "NODE");
-    DriverRun v = RunDriver(dir, "--version");
-    EXPECT_EQ(v.status, 0);
-    EXPECT_EQ(v.out.rfind("inpdeck ", 0), 0u);
-}
-
-}  // namespace
-
-TEST(Driver, KeywordLookupShowsNameValueParentsAndSuboptions) {
+TEST(Driver, KeywordLookupResolvesAsADeckLineWould) {
     TempDir dir;
     DriverRun r = RunDriver(dir, "keyword '*Beam General Section'");
     EXPECT_EQ(r.status, 0);
@@ -142,10 +130,22 @@ TEST(Driver, KeywordLookupShowsNameValueParentsAndSuboptions) {
               "  may stand under  instance, part\n"
               "  suboptions       axial, beamaddedinertia, beamfluidinertia, centroid, damping, m1, m2, "
               "sectionpoints, shearcenter, thermalexpansion, torque, transverseshearstiffness\n");
-    DriverRun ambiguous = RunDriver(dir, "keyword '*contact p'");
-    EXPECT_EQ(ambiguous.status, 1);
-    EXPECT_EQ(ambiguous.err, "error: Ambiguous keyword definition \"contactp\".\n");
+
+    DriverRun bad = RunDriver(dir, "keyword '*contact p'");
+    EXPECT_EQ(bad.status, 1);
+    EXPECT_EQ(bad.err, "error: Ambiguous keyword definition \"contactp\".\n");
     DriverRun unknown = RunDriver(dir, "keyword NODEFOO");
     EXPECT_EQ(unknown.status, 1);
     EXPECT_EQ(unknown.err, "error: Unknown keyword \"nodefoo\". The keyword may be misspelled, obsolete, or invalid.\n");
 }
+
+TEST(Driver, VersionHelpAndUsage) {
+    TempDir dir;
+    EXPECT_EQ(RunDriver(dir, "--version").out, std::string("inpdeck ") + INP_TEST_VERSION + "\n");
+    DriverRun help = RunDriver(dir, "--help");
+    EXPECT_EQ(help.status, 0);
+    EXPECT_NE(help.out.find("usage: inpdeck"), std::string::npos);
+    EXPECT_EQ(RunDriver(dir, "keyword").status, 2);
+}
+
+}  // namespace

@@ -216,9 +216,9 @@ TEST(ParserInclude, ARunawayChainIsCutWithAMessage) {
     const int files = inp_Parser::kMaxIncludeDepth + 3;
     auto r = ParseFile(WriteChain(dir, files));
     const std::string cut = "f" + std::to_string(inp_Parser::kMaxIncludeDepth) + ".inc";
-    EXPECT_EQ(r.fatal, std::vector<std::string>{"Include file \"" + cut + "\" is not read: include files are nested "
-                                                "more than " + std::to_string(inp_Parser::kMaxIncludeDepth) +
-                                                " deep."});
+    EXPECT_EQ(r.fatal, std::vector<std::string>{"Include file \"" + cut + "\" is not read: a chain of include files "
+                                                "may hold at most " + std::to_string(inp_Parser::kMaxIncludeDepth) +
+                                                " files."});
     EXPECT_EQ(r.keywords.Count(), inp_Parser::kMaxIncludeDepth);
 }
 

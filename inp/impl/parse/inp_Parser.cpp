@@ -69,7 +69,7 @@ public:
 
 private:
     static atr_String Message(const cow_String& name) {
-        atr_translate t("Include file \"%1$s\" is not read: include files are nested more than %2$s deep.");
+        atr_translate t("Include file \"%1$s\" is not read: a chain of include files may hold at most %2$s files.");
         atr_SubstituteFormat(t, 1, name);
         atr_SubstituteFormat(t, 2, inp_Parser::kMaxIncludeDepth);
         return t.Result();
