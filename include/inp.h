@@ -45,5 +45,17 @@
 #include "inp_Types.h"
 #include "inp_Utils.h"
 #include "inp_Visitor.h"
+#include "inp_Parser.h"
+#include "inp_Coord.h"
+#include "inp_CoordMap.h"
+#include "inp_Element.h"
+#include "inp_ElementUndefinedNodesError.h"
+#include "inp_ModelParameters.h"
+#include "inpM_IdMap.h"
+#include "inpM_InstanceMap.h"
+#include "inpM_PartMap.h"
+#include "inpM_SetMap.h"
+#include "inpM_SurfaceMap.h"
+#include "inpM_Utils.h"
 
 #endif

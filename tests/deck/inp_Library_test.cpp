@@ -4,7 +4,7 @@
 
 #include "fnd_Lifetime.h"
 #include "inp_KeywordTable.h"
-#include "inp_Library.h"
+#include "inp.h"
 
 namespace {
 std::string Log() {
@@ -42,4 +42,21 @@ TEST(Library, InitialiseTwiceCountsOnceAndFinalisesOnTheLastCall) {
     EXPECT_EQ(Log().find("gsl_finalize shp_finalize inpM_finalize"), 0u);
     inp_finalize(count);  // one too many: nothing happens
     EXPECT_EQ(count, 0);
+}
+
+TEST(Deck, StartsEmptyWithModelParametersAtTheirStartValues) {
+    inp_Deck deck;
+    EXPECT_TRUE(deck.partMapUsable);
+    EXPECT_FALSE(deck.isAssemblyDeck);
+    EXPECT_EQ(deck.partCoordinates.Count(), 0);
+    EXPECT_EQ(deck.assemblyCoordinates.Count(), 0);
+    EXPECT_TRUE(deck.assemblyNodeSets.IsEmpty());
+    EXPECT_EQ(deck.nodeIdMap.NumberIds(), 0);
+    EXPECT_EQ(deck.secondElementIdMap.NumberIds(), 0);
+    const inp_ModelParameters& p = deck.modelParameters;
+    EXPECT_EQ(p.maxSolutionVariables, 1);
+    EXPECT_EQ(p.maxTemperaturePoints, 1);
+    EXPECT_EQ(p.maxSectionPoints, 1);
+    EXPECT_FALSE(p.hasSymmetricModelGeneration || p.hasThicknessTemperatures || p.hasLeadingImport ||
+                 p.hasGeneralStatic || p.hasImportedInstance || p.hasPartsOrInstances);
 }

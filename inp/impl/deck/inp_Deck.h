@@ -13,7 +13,16 @@
 #include "cow_1DArrayList.h"
 #include "cow_List.h"
 #include "cow_String.h"
+#include "gsl_Matrix.h"
+#include "inpM_IdMap.h"
+#include "inpM_InstanceMap.h"
+#include "inpM_SetMap.h"
+#include "inpM_SurfaceMap.h"
+#include "inp_CoordMap.h"
+#include "inp_Element.h"
 #include "inp_Keyword.h"
+#include "inp_ModelParameters.h"
+#include "omi_IntTable.h"
 
 class aio_ostream;
 
@@ -44,8 +53,38 @@ public:
     bool replaceInheritedMaps = false;
     bool hasParameters = false;
     cow_String fileName;
+
+    // Part level: filled by the part map extraction.
+    inp_CoordMap partCoordinates;
+    inpM_InstanceMap<omi_IntTable<inp_Element>> partElements;
+    inpM_SetMap partNodeSets;
+    inpM_SetMap partElementSets;
+    inpM_SurfaceMap partSurfaces;
+    // Assembly level: extracted, made by the flat-deck conversion, or inherited.
+    inp_CoordMap assemblyCoordinates;
+    inpM_InstanceMap<omi_IntTable<inp_Element>> assemblyElements;
+    inpM_SetMap assemblyNodeSets;
+    inpM_SetMap assemblyElementSets;
+    inpM_SurfaceMap assemblySurfaces;
+    inpM_InstanceMap<gsl_Matrix> instanceTransformations;
+    // Ids of an inherited model, used to renumber.
+    inpM_IdMap nodeIdMap;
+    inpM_IdMap elementIdMap;
+    // Sets and surfaces a continuation job adds to the inherited model.
+    inpM_SetMap newModelNodeSets;
+    inpM_SetMap newModelElementSets;
+    inpM_SurfaceMap newModelSurfaces;
+    // The same group again, for a job that replaces the inherited maps.
+    inpM_IdMap secondNodeIdMap;
+    inpM_IdMap secondElementIdMap;
+    inpM_SetMap secondNodeSets;
+    inpM_SetMap secondElementSets;
+    inpM_SurfaceMap secondSurfaces;
+
     cow_List<cow_String> instanceNames;
     cow_String includeDirectory;
+    inpM_InstanceMap<cow_String> instanceToPart;
+    inp_ModelParameters modelParameters;
 };
 
 #endif
