@@ -14,3 +14,15 @@ void inp_Deck::Parse(cow_String name) {
     if (!parser.FatalErrors().IsEmpty()) sink.ErrorList(parser.FatalErrors(), wip_Fatal);
     if (!parser.Errors().IsEmpty()) sink.ErrorList(parser.Errors(), wip_Error);
 }
+
+void inp_Deck::RemoveEmptyKeywords() {
+    int blanks = 0;
+    for (int i = 0; i < keywords.Count(); ++i)
+        if (keywords[i].keyword == inp_kwUndefined) ++blanks;
+    if (blanks == 0) return;
+    // One pass of handle copies: removing in place would move the tail once per blank.
+    cow_1DArrayList<inp_Keyword> kept(keywords.Count() - blanks);
+    for (int i = 0; i < keywords.Count(); ++i)
+        if (keywords[i].keyword != inp_kwUndefined) kept.Append(keywords[i]);
+    keywords = kept;
+}

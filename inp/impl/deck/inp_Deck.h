@@ -85,6 +85,11 @@ public:
     cow_String includeDirectory;
     inpM_InstanceMap<cow_String> instanceToPart;
     inp_ModelParameters modelParameters;
+
+private:
+    // Drops the blank keywords (value 0) that passes leave where they removed one;
+    // the top level only.
+    void RemoveEmptyKeywords();
 };
 
 #endif
