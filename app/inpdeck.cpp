@@ -29,7 +29,8 @@ const char kUsage[] =
     "  -p FILE             write the deck in normal form to FILE (\"-\": standard output)\n"
     "  -I DIR              look for include files in DIR when the current directory\n"
     "                      does not hold them (default: the directory of DECK)\n"
-    "  --stop-after PHASE  stop after PHASE; phases: parse\n"
+    "  --stop-after PHASE  stop after PHASE; phases in order: parse, expand. A phase\n"
+    "                      that reports a fatal error (error[0]) is the last one run\n"
     "  keyword NAME        resolve a keyword name as a deck line would (any case, blanks\n"
     "                      ignored, unique abbreviations allowed) and show its canonical\n"
     "                      name, value, the keywords that may hold it and its suboptions\n"
@@ -38,8 +39,17 @@ const char kUsage[] =
     "\n"
     "exit status: 0 no error reported, 1 errors reported, 2 usage or file error\n";
 
-// The phases the driver can run, in order.
-const char* const kPhases[] = {"parse", nullptr};
+// The phases the driver can run, in order. The deck's own name is set apart: Parse
+// takes it, the others work on what Parse read.
+struct Phase {
+    const char* name;
+    void (*run)(inp_Deck& deck, const char* file);
+};
+const Phase kPhases[] = {
+    {"parse", [](inp_Deck& deck, const char* file) { deck.Parse(file); }},
+    {"expand", [](inp_Deck& deck, const char*) { deck.ExpandKeywords(); }},
+    {nullptr, nullptr},
+};
 
 int UsageError(const char* text, const char* detail) {
     if (text) std::fprintf(stderr, "inpdeck: %s%s\n", text, detail ? detail : "");
@@ -85,7 +95,7 @@ struct Options {
     const char* deck = nullptr;
     const char* printTo = nullptr;
     const char* includeDirectory = nullptr;
-    const char* stopAfter = "parse";
+    const char* stopAfter = nullptr;  // the last phase
 };
 
 // Why the deck file cannot be read, or null when it can.
@@ -190,9 +200,14 @@ int RunDeck(const Options& options) {
 
     omi_Timer timer;
     timer.Start();
-    model.Parse(options.deck);
+    const wip_WIP& sink = thr_ThreadSingleton<wip_WIP>::Instance();
+    for (const Phase* phase = kPhases; phase->name; ++phase) {
+        phase->run(model, options.deck);
+        if (options.stopAfter && !std::strcmp(phase->name, options.stopAfter)) break;
+        // The later phases assume a deck that could be read.
+        if (sink.ErrorCount(wip_Fatal) > 0) break;
+    }
     timer.Stop();
-    // Further phases stop here as they are added: options.stopAfter names the last.
 
     int status = ReportSink(options.deck, model, timer.GetElapsedTime());
     if (options.printTo) {
@@ -203,8 +218,8 @@ int RunDeck(const Options& options) {
 }
 
 bool IsPhase(const char* name) {
-    for (const char* const* p = kPhases; *p; ++p)
-        if (!std::strcmp(*p, name)) return true;
+    for (const Phase* p = kPhases; p->name; ++p)
+        if (!std::strcmp(p->name, name)) return true;
     return false;
 }
 

@@ -1,6 +1,9 @@
 #include "inp_Deck.h"
 
+#include "inp_KeywordExpansionVisitor.h"
 #include "inp_Parser.h"
+#include "inp_Utils.h"
+#include "omi_Timer.h"
 #include "thr_ThreadSingleton.h"
 #include "wip_WIP.h"
 
@@ -13,6 +16,35 @@ void inp_Deck::Parse(cow_String name) {
     wip_WIP& sink = thr_ThreadSingleton<wip_WIP>::Instance();
     if (!parser.FatalErrors().IsEmpty()) sink.ErrorList(parser.FatalErrors(), wip_Fatal);
     if (!parser.Errors().IsEmpty()) sink.ErrorList(parser.Errors(), wip_Error);
+}
+
+void inp_Deck::ExpandKeywords() {
+    omi_Timer timer;
+    timer.Start();
+    inp_KeywordExpansionVisitor expansion;
+    expansion.includeDirectory = includeDirectory;
+    expansion.defaultRestartStep = defaultRestartStep;
+    expansion.VisitListAndReport(keywords);
+
+    isAssemblyDeck = expansion.isAssemblyDeck;
+    instanceToPart = expansion.instanceToPart;
+    hasParameters = expansion.hasParameters;
+    const bool explicitRigidSurface = expansion.hasExplicitDynamic && expansion.hasRigidSurface;
+    if (explicitRigidSurface)
+        thr_ThreadSingleton<wip_WIP>::Instance().Error(
+            atr_raw("the *RIGID SURFACE option is not supported in MERLIX/Explicit; use the *SURFACE option in "
+                    "conjunction with the *RIGID BODY option instead."),
+            wip_Fatal);
+    // A flat deck whose model cannot be told as parts and instances: elements from a
+    // results file, or rigid surfaces and blended maps that only the flat form knows.
+    if (isAssemblyDeck)
+        partMapUsable = true;
+    else if (expansion.hasElementFile || explicitRigidSurface || expansion.hasBlendedNmap)
+        partMapUsable = false;
+
+    RemoveEmptyKeywords();
+    timer.Stop();
+    inp_Utils::TimingLine(__FILE__, __LINE__, "Expand Keywords - Elapsed time: ", timer);
 }
 
 void inp_Deck::RemoveEmptyKeywords() {

@@ -36,6 +36,11 @@ public:
     // that cannot be read gives an empty deck and no message; telling the user is the
     // driver's business.
     void Parse(cow_String name);
+    // Puts every keyword in canonical form (full parameter names, upper-case values,
+    // full vocabulary words, data files read, node data packed) and decides whether
+    // this is an assembly deck. What it finds goes to the error sink; keywords it had
+    // to drop are gone from the list.
+    void ExpandKeywords();
     // Writes the normal form of the deck, which Parse reads back to the same keywords.
     void Print(aio_ostream& out);
 

@@ -3,6 +3,9 @@
 
 #include "inp_DataArray.h"
 #include "inp_Keyword.h"
+#include "omi_Timer.h"
+#include "pnt_PrettyPrint.h"
+#include "typ_DebugFlags.h"
 
 namespace {
 
@@ -120,4 +123,12 @@ inp_Utils::Generation inp_Utils::ExpandDataGeneration(const inp_DataArray& data,
         result.errors.Append(one.errors);
     }
     return result;
+}
+
+void inp_Utils::TimingLine(const char* file, int line, const char* text, const omi_Timer& timer) {
+    if (typ_DebugFlags::GetDebugFlags(30) < 1) return;
+    pnt_PrettyPrint& debug = pnt_debugPrint();
+    debug.StartDebug(file, line);
+    debug << text << timer.GetElapsedTime() << "  CPU time: " << timer.GetTotalCpuTime() << endl;
+    debug.EndDebug();
 }

@@ -13,6 +13,7 @@
 
 class inp_DataArray;
 class inp_Keyword;
+class omi_Timer;
 
 class inp_Utils {
 public:
@@ -29,6 +30,10 @@ public:
                                        const cow_1DArrayList<int>& ids);
     static atr_String MessageInKeyword(const inp_Keyword& keyword, const atr_String& text,
                                        const cow_List<cow_String>& names);
+
+    // The timing line of a phase, written to the debug stream when the library's debug
+    // flag is 1 or more: the text, the elapsed time, then "  CPU time: " and the CPU time.
+    static void TimingLine(const char* file, int line, const char* text, const omi_Timer& timer);
 
     // One of the surface types that are given by geometry, not by elements; exact, upper case.
     static bool IsAnalyticalSurfaceType(const cow_String& type);
