@@ -55,7 +55,7 @@ TEST(Driver, ExampleDeckReadsWithoutErrors) {
     // The normal form reads back without a message and prints the same again.
     const std::string printed = ReadFile(dir / "beam.out");
     EXPECT_EQ(printed.rfind("*heading\nCANTILEVERBEAM, C3D8BRICKS, STATICTIPLOAD\n*node, nset=ALLNODES\n", 0), 0u);
-    DriverRun again = RunDriver(dir, "-p - " + Quoted(dir / "beam.out"));
+    DriverRun again = RunDriver(dir, "--stop-after parse -p - " + Quoted(dir / "beam.out"));
     EXPECT_EQ(again.status, 0) << again.err;
     EXPECT_EQ(again.out, printed);
 }
@@ -103,7 +103,7 @@ TEST(Driver, UsageAndFileErrorsExitWithTwo) {
          "inpdeck: cannot read deck \"" + dir.Path().string() + "\": it is a directory"},
         {"/dev/zero", "inpdeck: cannot read deck \"/dev/zero\": not a regular file"},
         {"--bogus " + Quoted(deck), "inpdeck: unknown option: --bogus"},
-        {"--stop-after expand " + Quoted(deck), "inpdeck: unknown phase: expand"},
+        {"--stop-after expnd " + Quoted(deck), "inpdeck: unknown phase: expnd"},
         {Quoted(deck) + " " + Quoted(deck), "inpdeck: more than one deck: " + deck},
         {Quoted(deck) + " -p", "inpdeck: missing value after -p"},
         {"-p " + Quoted(dir / "no/such/dir/out.inp") + " " + Quoted(deck),
