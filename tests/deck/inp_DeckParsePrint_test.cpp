@@ -178,4 +178,23 @@ TEST(DeckPrint, PrintedDeckReadsBackToTheSameKeywords) {
     }
 }
 
+TEST(DeckPrint, LinesThatLookLikeCommentsOrBlankKeywordsReadBack) {
+    TempDir dir;
+    inp_Deck first;
+    Sink().Clear();
+    first.Parse(cow_String(dir.Write("odd.inp", "*HEADING\n* * x, y\n*NSET, NSET=A\n*1\n").c_str()));
+    first.keywords.Get(1) = inp_Keyword();  // blanked by a pass, not yet removed
+    const std::string printed = Printed(first.keywords);
+    // The first item's normal form would start a comment; its own text does not.
+    EXPECT_EQ(printed, "*heading\n* * x, Y\n*undefined keyword\n");
+
+    inp_Deck second;
+    second.Parse(cow_String(dir.Write("again.inp", printed).c_str()));
+    EXPECT_EQ(Sink().Count(), 0);
+    ASSERT_EQ(second.keywords.Count(), 2);
+    EXPECT_EQ(second.keywords[1].keyword, inp_kwUndefined);
+    ExpectSameKeywords(first.keywords, second.keywords);
+    EXPECT_EQ(Printed(second.keywords), printed);
+}
+
 }  // namespace

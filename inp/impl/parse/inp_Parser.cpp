@@ -317,7 +317,9 @@ inp_Keyword inp_Parser::ParseKeyword(bool strict) {
     const inp_KeywordTable& table = thr_ThreadSingleton<inp_KeywordTable>::Instance();
     cow_String resolved;
     try {
-        resolved = table.ResolveName(given);
+        // A blank keyword prints as "*undefined keyword"; reading that back gives a
+        // blank keyword again, which the next phase drops.
+        resolved = given == "undefinedkeyword" ? table.Name(inp_kwUndefined) : table.ResolveName(given);
     } catch (const inp_UnknownKeywordException&) {
         inp_UnknownKeywordException(line, m_fileName, given).Throw(__FILE__, __LINE__);
     } catch (const inp_AmbiguousKeywordException&) {
