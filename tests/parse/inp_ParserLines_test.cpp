@@ -22,7 +22,7 @@ TEST(ParserLines, KeywordCommentAndDataLinesAreToldApart) {
         const char* deck;
         const char* printed;
     } cases[] = {
-        {"*HEADING\n**\n*\n*3\n* * X\n", "*heading\n*\n*3\n**X\n"},
+        {"*HEADING\n**\n*\n*3\n* * X\n", "*heading\n*\n*3\n* * X\n"},
         {"  *HEADING\n  ** indented comment\nA\n", "*heading\nA\n"},
         {"* HEADING\n\t*NODE\n", "*heading\n*node\n"},
         {"** only\n**comments\n", ""},
