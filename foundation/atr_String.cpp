@@ -111,3 +111,16 @@ atr_String atr_translate::Result() const {
 void atr_SubstituteFormat(atr_translate& t, int index, const char* value) { t.Set(index, cow_String(value)); }
 void atr_SubstituteFormat(atr_translate& t, int index, int value) { t.Set(index, cow_String(value)); }
 void atr_SubstituteFormat(atr_translate& t, int index, const atr_StringBase& value) { t.Set(index, value); }
+
+atr_String atr_Format(const char* format, const atr_StringBase& first) {
+    atr_translate t(format);
+    atr_SubstituteFormat(t, 1, first);
+    return t.Result();
+}
+
+atr_String atr_Format(const char* format, const atr_StringBase& first, const atr_StringBase& second) {
+    atr_translate t(format);
+    atr_SubstituteFormat(t, 1, first);
+    atr_SubstituteFormat(t, 2, second);
+    return t.Result();
+}

@@ -50,4 +50,8 @@ void atr_SubstituteFormat(atr_translate& t, int index, const char* value);
 void atr_SubstituteFormat(atr_translate& t, int index, int value);
 void atr_SubstituteFormat(atr_translate& t, int index, const atr_StringBase& value);
 
+// A translated message with one or two values, the common case in one call.
+atr_String atr_Format(const char* format, const atr_StringBase& first);
+atr_String atr_Format(const char* format, const atr_StringBase& first, const atr_StringBase& second);
+
 #endif

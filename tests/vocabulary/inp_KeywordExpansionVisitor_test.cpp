@@ -92,7 +92,9 @@ TEST(Expansion, ValuesMatchTheirVocabulary) {
     for (const Case& c : cases) {
         cow_String word;
         EXPECT_EQ(inp_KeywordExpansionVisitor::MatchValue(word, definition, cow_String(c.value)), c.matches) << c.value;
-        if (c.matches == 1) EXPECT_STREQ(word.c_str(), c.word) << c.value;
+        if (c.matches == 1) {
+            EXPECT_STREQ(word.c_str(), c.word) << c.value;
+        }
     }
 
     TempDir dir;

@@ -6,17 +6,10 @@ namespace {
 
 atr_String Translate(const char* format) { return atr_translate(format).Result(); }
 
-atr_String Translate(const char* format, const atr_StringBase& first) {
-    atr_translate t(format);
-    atr_SubstituteFormat(t, 1, first);
-    return t.Result();
-}
+atr_String Translate(const char* format, const atr_StringBase& first) { return atr_Format(format, first); }
 
 atr_String Translate(const char* format, const atr_StringBase& first, const atr_StringBase& second) {
-    atr_translate t(format);
-    atr_SubstituteFormat(t, 1, first);
-    atr_SubstituteFormat(t, 2, second);
-    return t.Result();
+    return atr_Format(format, first, second);
 }
 
 }  // namespace

@@ -42,11 +42,6 @@ bool IsOneOf(const cow_String& key, const char* const* names) {
 bool IsLineBlank(char c) { return c == ' ' || c == '\t' || c == '\r'; }
 bool IsSpace(char c) { return std::isspace(static_cast<unsigned char>(c)) != 0; }
 
-atr_String Format1(const char* format, const atr_StringBase& value) {
-    atr_translate t(format);
-    atr_SubstituteFormat(t, 1, value);
-    return t.Result();
-}
 
 void AddLimited(cow_List<atr_String>& list, const atr_String& text, const char* closing) {
     if (list.Count() < kErrorsPerFile) {
@@ -196,7 +191,7 @@ void inp_Parser::SkipToKeyword(bool collect) {
 void inp_Parser::DecryptLine(char* buffer) {
     if (m_password.IsEmpty()) {
         inp_EncryptionException(m_lineNumber, m_fileName,
-                                Format1("The encrypted input file, \"%s\", requires a password.", m_fileName))
+                                atr_Format("The encrypted input file, \"%s\", requires a password.", m_fileName))
             .Throw(__FILE__, __LINE__);
     }
     const char* p = buffer;
@@ -248,7 +243,7 @@ cow_1DArrayList<inp_Keyword> inp_Parser::Parse(bool strict) {
         AddFatalError(inp_UnreadableIncludeFileException(0, m_fileName, m_fileName).UserReport());
 
     if (m_memoryErrors > 0) {
-        AddFatalError(Format1("Memory errors occured while parsing %s keywords. The errors were likely due to running "
+        AddFatalError(atr_Format("Memory errors occured while parsing %s keywords. The errors were likely due to running "
                               "out of physical memory or swap space.",
                               cow_String(m_memoryErrors)));
     }
@@ -272,7 +267,7 @@ void inp_Parser::ParseLoop(bool strict) {
     try {
         inp_Keyword keyword = ParseKeyword(strict);
         if (typ_DebugFlags::GetDebugFlags(kDebugFlag) >= 2)
-            pnt_debugPrint() << Format1("Creating keyword: \"%s\".", keyword.Name()) << endl;
+            pnt_debugPrint() << atr_Format("Creating keyword: \"%s\".", keyword.Name()) << endl;
         if (keyword.keyword == inp_kwInclude)
             m_keywords.Append(ParseInclude(keyword, strict));
         else
@@ -358,7 +353,7 @@ cow_String inp_Parser::JoinContinuationLines(const char* first, bool strict) {
                 if (strict) {
                     inp_InvalidContinuationLineException(
                         m_lineNumber, m_fileName,
-                        Format1("A keyword has been detected on what is supposed to be a continuation line. Please "
+                        atr_Format("A keyword has been detected on what is supposed to be a continuation line. Please "
                                 "check that a trailing comma has not been mistakenly placed in: %s",
                                 text))
                         .Throw(__FILE__, __LINE__);

@@ -19,19 +19,6 @@ cow_String Upper(const char* text) {
     return s;
 }
 
-atr_String Fill(const char* format, const cow_String& first) {
-    atr_translate t(format);
-    atr_SubstituteFormat(t, 1, first);
-    return t.Result();
-}
-
-atr_String Fill(const char* format, const cow_String& first, const cow_String& second) {
-    atr_translate t(format);
-    atr_SubstituteFormat(t, 1, first);
-    atr_SubstituteFormat(t, 2, second);
-    return t.Result();
-}
-
 // The item of a parameter, or null.
 const inp_Item* Parameter(const inp_Keyword& keyword, const cow_String& name) {
     return keyword.parameters.Lookup(name);
@@ -164,7 +151,7 @@ void inp_KeywordExpansionVisitor::ExpandParameterNames(inp_Keyword& keyword, con
             const int m = n < length ? n : length;
             if (std::strncmp(text, names[e], static_cast<size_t>(m)) != 0) continue;
             if (best >= 0 && m == bestLength) {
-                AppendError(keyword, Fill("Ambiguous parameter: %s", given));
+                AppendError(keyword, atr_Format("Ambiguous parameter: %s", given));
                 continue;
             }
             if (m > bestLength) {
@@ -175,7 +162,7 @@ void inp_KeywordExpansionVisitor::ExpandParameterNames(inp_Keyword& keyword, con
         }
         if (best < 0) {
             AppendError(keyword,
-                        Fill("Unknown parameter: %s. The parameter may be misspelled, obsolete, or invalid.", given));
+                        atr_Format("Unknown parameter: %s. The parameter may be misspelled, obsolete, or invalid.", given));
             expanded.Insert(given, it.CurrentValue());
             continue;
         }
@@ -238,11 +225,11 @@ void inp_KeywordExpansionVisitor::ExpandParameterValue(inp_Keyword& keyword, con
     cow_String word;
     const int matches = MatchValue(word, words, value);
     if (matches >= 2)
-        AppendError(keyword, Fill("Ambiguous value \"%1$s\" for parameter \"%2$s\".", value, name));
+        AppendError(keyword, atr_Format("Ambiguous value \"%1$s\" for parameter \"%2$s\".", value, name));
     else if (matches == 1)
         keyword.parameters.Insert(name, inp_Item(word));
     else
-        AppendError(keyword, Fill("Illegal value \"%1$s\" for parameter \"%2$s\".  The value may be misspelled, "
+        AppendError(keyword, atr_Format("Illegal value \"%1$s\" for parameter \"%2$s\".  The value may be misspelled, "
                                   "obsolete, or invalid.",
                                   value, name));
 }
@@ -253,24 +240,24 @@ void inp_KeywordExpansionVisitor::ExpandDataValue(inp_Keyword& keyword, int line
     cow_String word;
     const int matches = MatchValue(word, words, value);
     if (matches >= 2)
-        AppendError(keyword, Fill("Ambiguous value \"%1$s\" for data item under keyword \"%2$s\".", value,
+        AppendError(keyword, atr_Format("Ambiguous value \"%1$s\" for data item under keyword \"%2$s\".", value,
                                   keyword.Name()));
     else if (matches == 1)
         keyword.data.Set(line, item, word);
     else
         AppendError(keyword,
-                    Fill("Illegal value \"%1$s\" for data item under keyword \"%2$s\".", value, keyword.Name()));
+                    atr_Format("Illegal value \"%1$s\" for data item under keyword \"%2$s\".", value, keyword.Name()));
 }
 
 void inp_KeywordExpansionVisitor::RequireParameter(inp_Keyword& keyword, const cow_String& name) {
     if (!Parameter(keyword, name))
-        AppendError(keyword, Fill("Parameter %1$s is a required parameter.", Upper(name.c_str())));
+        AppendError(keyword, atr_Format("Parameter %1$s is a required parameter.", Upper(name.c_str())));
 }
 
 void inp_KeywordExpansionVisitor::RequireValue(inp_Keyword& keyword, const cow_String& name) {
     const inp_Item* item = Parameter(keyword, name);
     if (item && (item->type == inp_Types::typeBool || item->type == inp_Types::typeNone))
-        AppendError(keyword, Fill("Parameter %1$s requires a value.", Upper(name.c_str())));
+        AppendError(keyword, atr_Format("Parameter %1$s requires a value.", Upper(name.c_str())));
 }
 
 void inp_KeywordExpansionVisitor::ReadDataFile(const cow_String& fileName, inp_Keyword& keyword) {
@@ -282,17 +269,17 @@ void inp_KeywordExpansionVisitor::ReadDataFile(const cow_String& fileName, inp_K
     if (!path.Exists()) {
         path = utl_FilePath(fileName, includeDirectory);
         if (!path.Exists()) {
-            AppendError(keyword, Fill("Input file \"%s\" does not exist.", fileName));
+            AppendError(keyword, atr_Format("Input file \"%s\" does not exist.", fileName));
             return;
         }
     }
     if (!path.IsReadable()) {
-        AppendError(keyword, Fill("Input file \"%s\" is not readable.", fileName));
+        AppendError(keyword, atr_Format("Input file \"%s\" is not readable.", fileName));
         return;
     }
     std::FILE* file = std::fopen(path.AbsolutePathName().c_str(), "rb");
     if (!file) {  // gone since the test above
-        AppendError(keyword, Fill("Input file \"%s\" is not readable.", fileName));
+        AppendError(keyword, atr_Format("Input file \"%s\" is not readable.", fileName));
         return;
     }
     inp_DataArray& data = keyword.data;
@@ -307,7 +294,7 @@ void inp_KeywordExpansionVisitor::ReadDataFile(const cow_String& fileName, inp_K
             }
         if (length >= 2 && buffer[0] == '*' && buffer[1] == '*') continue;
         if (length >= 2 && buffer[0] == '*') {
-            AppendError(keyword, Fill("Data file \"%1$s\" contains a keyword definition. It must only contain the "
+            AppendError(keyword, atr_Format("Data file \"%1$s\" contains a keyword definition. It must only contain the "
                                       "data required under keyword \"%2$s\". You may use the *INCLUDE keyword "
                                       "instead.",
                                       fileName, keyword.Name()));
@@ -396,7 +383,7 @@ void inp_KeywordExpansionVisitor::VisitPart(inp_Keyword& keyword) {
     const cow_String part = name->stringValue;
     if (partNames.IsMember(part))
         errors.Prepend(inp_Utils::MessageInKeyword(
-            keyword, Fill("Part with the name \"%s\" has already been defined in the model.", part)));
+            keyword, atr_Format("Part with the name \"%s\" has already been defined in the model.", part)));
     else
         partNames.Prepend(part);
 }
@@ -420,12 +407,12 @@ void inp_KeywordExpansionVisitor::VisitInstance(inp_Keyword& keyword) {
     const cow_String part = Parameter(keyword, partKey)->stringValue;
     if (instanceNames.IsMember(instance))
         errors.Prepend(inp_Utils::MessageInKeyword(
-            keyword, Fill("Instance with the name \"%s\" already exists in the assembly.", instance)));
+            keyword, atr_Format("Instance with the name \"%s\" already exists in the assembly.", instance)));
     else if (partNames.IsMember(part))
         instanceNames.Prepend(instance);
     else
         errors.Prepend(
-            inp_Utils::MessageInKeyword(keyword, Fill("Part with the name \"%s\" has not been defined.", part)));
+            inp_Utils::MessageInKeyword(keyword, atr_Format("Part with the name \"%s\" has not been defined.", part)));
     instanceToPart.Insert(instance, part);
 }
 
@@ -443,7 +430,7 @@ void inp_KeywordExpansionVisitor::VisitStep(inp_Keyword& keyword) {
         name = given->AsString();
         if (stepNames.IsMember(name)) {
             errors.Prepend(inp_Utils::MessageInKeyword(
-                keyword, Fill("Step with the name \"%s\" has already been defined.", name)));
+                keyword, atr_Format("Step with the name \"%s\" has already been defined.", name)));
             name = cow_String((std::string(name.c_str()) + "-Duplicate-" + number).c_str());
             keyword.parameters.Insert(kName, inp_Item(name));
         } else {
