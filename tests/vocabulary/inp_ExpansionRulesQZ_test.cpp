@@ -1,0 +1,348 @@
+#include <gtest/gtest.h>
+
+#include <set>
+#include <string>
+#include <vector>
+
+#include "inp_ExpansionRule.h"
+#include "inp_KeywordExpansionVisitor.h"
+#include "../support/inp_TestFiles.h"
+
+namespace {
+
+// A parameter as the parser leaves it: a string item, or a flag when `value` is null.
+struct Param {
+    const char* name;
+    const char* value;
+};
+
+inp_Keyword Make(inp_KeywordEnm value, const std::vector<Param>& params = {}) {
+    inp_Keyword k(value);
+    for (const Param& p : params) {
+        if (p.value)
+            k.parameters.Insert(cow_String(p.name), inp_Item(cow_String(p.value)));
+        else
+            k.parameters.Insert(cow_String(p.name), inp_Item(true));
+    }
+    return k;
+}
+
+std::vector<std::string> Texts(const cow_List<atr_String>& list) {
+    std::vector<std::string> out;
+    for (int i = 0; i < list.Count(); ++i) out.push_back(list[i].c_str());
+    return out;
+}
+
+// The text a keyword built in code (no file, no line) carries in front of a message.
+std::string In(const char* upperName, const std::string& text) {
+    return std::string("in keyword *") + upperName + " " + text;
+}
+
+std::string Value(const inp_Keyword& k, const char* name) {
+    const inp_Item* item = k.parameters.Lookup(cow_String(name));
+    return item ? item->AsString().c_str() : "<missing>";
+}
+
+const char* const kNotInAssembly =
+    "The following option is currently not supported in a model defined in terms of an assembly of part instances: ";
+
+}  // namespace
+
+// Every name of every row must resolve to itself, and a name that no table holds gets
+// exactly one unknown-parameter message: this catches typos and lost entries in the tables.
+TEST(ExpansionRulesQZ, EveryTableNameIsKnownAndABogusNameIsNot) {
+    int rowsWithNames = 0;
+    for (int r = 0; r < inp_expansionRulesQZ.count; ++r) {
+        const inp_ExpansionRule& rule = inp_expansionRulesQZ.rules[r];
+        if (rule.count == 0 || rule.steps[0].kind != inp_ExpansionStepKind::Names) continue;
+        ++rowsWithNames;
+        const std::string upper = [&] {
+            cow_String n = inp_Keyword(rule.keyword).Name();
+            return std::string(n.ToUpper().c_str());
+        }();
+        SCOPED_TRACE(upper);
+        std::set<std::string> seen;
+        for (const char* const* name = rule.steps[0].table; *name; ++name) {
+            SCOPED_TRACE(*name);
+            EXPECT_TRUE(seen.insert(*name).second) << "listed twice";
+            inp_KeywordExpansionVisitor v;
+            inp_Keyword k = Make(rule.keyword, {{*name, nullptr}});
+            v.Visit(k);
+            for (const std::string& e : Texts(v.errors))
+                EXPECT_EQ(e.find("Unknown parameter"), std::string::npos) << e;
+        }
+        inp_KeywordExpansionVisitor v;
+        inp_Keyword k = Make(rule.keyword, {{"zzzbogus", nullptr}});
+        v.Visit(k);
+        std::vector<std::string> unknown;
+        for (const std::string& e : Texts(v.errors))
+            if (e.find("Unknown parameter") != std::string::npos) unknown.push_back(e);
+        ASSERT_EQ(unknown.size(), 1u);
+        EXPECT_EQ(unknown[0],
+                  In(upper.c_str(), "Unknown parameter: zzzbogus. The parameter may be misspelled, obsolete, or invalid."));
+    }
+    EXPECT_EQ(rowsWithNames, 100);
+}
+
+// The three families of this letter range: 100 rows with steps, one empty row, and the
+// keywords that take no parameter, which must have no row at all.
+TEST(ExpansionRulesQZ, FamiliesOfTheRange) {
+    EXPECT_EQ(inp_expansionRulesQZ.count, 101);
+    const inp_ExpansionRule* remesh = inp_FindExpansionRule(inp_kwRemeshTrigger);
+    ASSERT_NE(remesh, nullptr);
+    EXPECT_EQ(remesh->count, 0);
+    for (inp_KeywordEnm none : {inp_kwRandomResponse, inp_kwSectionPoints, inp_kwShearCenter, inp_kwSimpleShearTestData,
+                                inp_kwSteadyStateCriteria, inp_kwSystem, inp_kwTransverseShearStiffness,
+                                inp_kwUserDefinedField, inp_kwUserOutputVariables, inp_kwWind})
+        EXPECT_EQ(inp_FindExpansionRule(none), nullptr) << none;
+
+    // The empty row leaves a parameter alone: no message, name and value as written.
+    inp_KeywordExpansionVisitor v;
+    inp_Keyword k = Make(inp_kwRemeshTrigger, {{"whatever", "low Case"}});
+    v.Visit(k);
+    EXPECT_TRUE(v.errors.IsEmpty());
+    EXPECT_EQ(Value(k, "whatever"), "low Case");
+
+    // A keyword without a row reports what it is given and keeps it.
+    inp_KeywordExpansionVisitor w;
+    inp_Keyword wind = Make(inp_kwWind, {{"speed", "3"}});
+    w.Visit(wind);
+    EXPECT_EQ(Texts(w.errors),
+              std::vector<std::string>{
+                  In("WIND", "Unknown parameter: speed. The parameter may be misspelled, obsolete, or invalid.")});
+    EXPECT_EQ(Value(wind, "speed"), "3");
+}
+
+// The order of a table decides what an abbreviation means.
+TEST(ExpansionRulesQZ, AbbreviationsFollowTableOrder) {
+    struct Case {
+        inp_KeywordEnm keyword;
+        const char* given;
+        const char* canonical;
+    };
+    const Case cases[] = {
+        {inp_kwStep, "n", "name"},                          // name before nlgeom
+        {inp_kwSurface, "n", "name"},                       // name before nooffset, nothick
+        {inp_kwSectionControls, "x", "xscalefactor"},       // before xstressrate
+        {inp_kwSpotWeld, "r", "radiusofinfluence"},         // before referencenodeset
+        {inp_kwRigidBody, "r", "refnode"},
+        {inp_kwRigidBody, "a", "analyticalsurface"},        // before angle1, angle2
+        {inp_kwTemperature, "e", "einc"},                   // before estep, exteriortolerance
+        {inp_kwTie, "p", "positiontolerance"},
+        {inp_kwSurfaceBehavior, "pressure-o", "pressure-overclosure"},
+        {inp_kwUndexChargeProperty, "hu", "huntergeers"},
+        {inp_kwViscoelastic, "t", "time"},                  // before type
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.given);
+        inp_KeywordExpansionVisitor v;
+        // The spot weld is blanked without these two, whatever else it has.
+        inp_Keyword k = Make(c.keyword, {{c.given, "V"}, {"property", "P"}, {"referencenodeset", "R"}});
+        v.Visit(k);
+        EXPECT_EQ(Value(k, c.canonical), "V") << inp_Keyword(c.keyword).Name().c_str();
+    }
+}
+
+TEST(ExpansionRulesQZ, ValueVocabularies) {
+    struct Case {
+        inp_KeywordEnm keyword;
+        const char* parameter;
+        const char* given;
+        const char* expected;  // the value after the pass
+        const char* message;   // the one error, or null
+    };
+    const Case cases[] = {
+        {inp_kwRadiate, "op", "n", "NEW", nullptr},
+        {inp_kwRadiate, "regiontype", "slid", "SLIDING", nullptr},
+        {inp_kwSectionControls, "hourglass", "rel", "RELAXSTIFFNESS", nullptr},
+        {inp_kwSectionControls, "elementdeletion", "i", "INSTANTANEOUS", nullptr},
+        {inp_kwSteadyStateDynamics, "interval", "e", "EIGENFREQUENCY", nullptr},
+        {inp_kwSimpedance, "nonreflecting", "secondc", "SECONDCIRCULAR", nullptr},
+        {inp_kwSolutionTechnique, "type", "quasi-n", "QUASI-NEWTON", nullptr},
+        {inp_kwShellSection, "stackdirection", "o", "ORIENTATION", nullptr},
+        {inp_kwViscoelastic, "frequency", "creep", "CREEPTESTDATA", nullptr},
+        {inp_kwResponseSpectrum, "sum", "s", "SRSS", nullptr},
+        {inp_kwSurface, "type", "e", "ELEMENT", nullptr},
+        {inp_kwStep, "convertsdi", "n", "NO", nullptr},
+        // A value longer than its word still fits: it agrees over the word's length.
+        {inp_kwSteadyStateTransport, "direct", "NO", "NOSTOP", nullptr},
+        {inp_kwSurface, "type", "b", "B", "Ambiguous value \"B\" for parameter \"type\"."},
+        {inp_kwSimpedance, "nonreflecting", "second", "SECOND",
+         "Ambiguous value \"SECOND\" for parameter \"nonreflecting\"."},
+        {inp_kwRadiate, "op", "x", "X",
+         "Illegal value \"X\" for parameter \"op\".  The value may be misspelled, obsolete, or invalid."},
+        {inp_kwTransform, "type", "q", "Q",
+         "Illegal value \"Q\" for parameter \"type\".  The value may be misspelled, obsolete, or invalid."},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(std::string(c.parameter) + "=" + c.given);
+        inp_KeywordExpansionVisitor v;
+        // Rows that demand a parameter get it, so that only the value speaks.
+        inp_Keyword k = Make(c.keyword, {{c.parameter, c.given}, {"name", "N"}, {"nset", "N"}});
+        const std::string upper = inp_Keyword(c.keyword).Name().ToUpper().c_str();
+        v.Visit(k);
+        EXPECT_EQ(Value(k, c.parameter), c.expected);
+        std::vector<std::string> expected;
+        if (c.message) expected.push_back(In(upper.c_str(), c.message));
+        std::vector<std::string> got;
+        for (const std::string& e : Texts(v.errors))
+            if (e.find("Unknown parameter") == std::string::npos) got.push_back(e);
+        EXPECT_EQ(got, expected);
+    }
+}
+
+// A bare flag stays a flag where the row is marked so, and loses its value elsewhere.
+TEST(ExpansionRulesQZ, BareFlagsUnderMarkedAndUnmarkedValues) {
+    inp_KeywordExpansionVisitor v;
+    inp_Keyword stat = Make(inp_kwStatic, {{"direct", nullptr}});
+    inp_Keyword transport = Make(inp_kwSteadyStateTransport, {{"direct", nullptr}});
+    inp_Keyword step = Make(inp_kwStep, {{"nlgeom", nullptr}, {"amplitude", nullptr}});
+    v.Visit(stat);
+    v.Visit(transport);
+    v.Visit(step);
+    EXPECT_TRUE(v.errors.IsEmpty());
+    EXPECT_EQ(stat.parameters.Lookup(cow_String("direct"))->type, inp_Types::typeBool);
+    EXPECT_EQ(transport.parameters.Lookup(cow_String("direct"))->type, inp_Types::typeNone);
+    EXPECT_EQ(step.parameters.Lookup(cow_String("nlgeom"))->type, inp_Types::typeBool);
+    EXPECT_EQ(step.parameters.Lookup(cow_String("amplitude"))->type, inp_Types::typeNone);
+}
+
+// "Without X" removes the keyword; with "as a string item" a flag does not count.
+TEST(ExpansionRulesQZ, RequiredParametersThatBlankTheKeyword) {
+    struct Case {
+        inp_KeywordEnm keyword;
+        std::vector<Param> params;
+        const char* upper;
+        const char* message;  // null: the keyword stays, without a message
+    };
+    const Case cases[] = {
+        {inp_kwSpotWeld, {{"referencenodeset", "R"}}, "SPOTWELD", "The PROPERTY parameter is required."},
+        {inp_kwSpotWeld, {{"property", nullptr}, {"referencenodeset", "R"}}, "SPOTWELD",
+         "The PROPERTY parameter is required."},
+        {inp_kwSpotWeld, {{"property", "P"}}, "SPOTWELD", "The REFERENCENODESET parameter is required."},
+        {inp_kwSpotWeld, {{"property", "P"}, {"referencenodeset", nullptr}}, "SPOTWELD", nullptr},
+        {inp_kwSpotWeldInteraction, {{"interactionname", nullptr}}, "SPOTWELDINTERACTION",
+         "The INTERACTIONNAME parameter is required."},
+        {inp_kwSpotWeldProperty, {{"mass", "1.0"}}, "SPOTWELDPROPERTY", "The NAME parameter is required."},
+        {inp_kwSpatialDistribution, {{"type", "S"}}, "SPATIALDISTRIBUTION", "The NAME parameter is required."},
+        {inp_kwSurface, {{"name", nullptr}}, "SURFACE", "The NAME parameter is required."},
+        {inp_kwSurface, {{"name", "S"}}, "SURFACE", nullptr},
+        {inp_kwSurfacePropertyAssignment, {}, "SURFACEPROPERTYASSIGNMENT", "The PROPERTY parameter is required."},
+        {inp_kwSurfacePropertyAssignment, {{"property", nullptr}}, "SURFACEPROPERTYASSIGNMENT", nullptr},
+        {inp_kwTransform, {{"type", "R"}}, "TRANSFORM", "The NSET parameter is required."},
+        {inp_kwTransform, {{"nset", nullptr}}, "TRANSFORM", nullptr},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(std::string(c.upper) + (c.message ? c.message : " kept"));
+        inp_KeywordExpansionVisitor v;
+        inp_Keyword k = Make(c.keyword, c.params);
+        v.Visit(k);
+        if (c.message) {
+            EXPECT_EQ(Texts(v.errors), std::vector<std::string>{In(c.upper, c.message)});
+            EXPECT_EQ(k.keyword, inp_kwUndefined);
+        } else {
+            EXPECT_TRUE(v.errors.IsEmpty());
+            EXPECT_EQ(k.keyword, c.keyword);
+        }
+    }
+}
+
+// Under RequireParameter and RequireValue the keyword stays in the deck.
+TEST(ExpansionRulesQZ, RigidBodyRequirementsKeepTheKeyword) {
+    inp_KeywordExpansionVisitor v;
+    inp_Keyword bare = Make(inp_kwRigidBody, {{"analyticalsurface", nullptr}});
+    v.Visit(bare);
+    EXPECT_EQ(Texts(v.errors), (std::vector<std::string>{
+                                   In("RIGIDBODY", "Parameter REFNODE is a required parameter."),
+                                   In("RIGIDBODY", "Parameter ANALYTICALSURFACE requires a value."),
+                               }));
+    EXPECT_EQ(bare.keyword, inp_kwRigidBody);
+
+    inp_KeywordExpansionVisitor w;
+    inp_Keyword flag = Make(inp_kwRigidBody, {{"ref", nullptr}, {"elset", "body"}});
+    w.Visit(flag);
+    EXPECT_EQ(Texts(w.errors), std::vector<std::string>{In("RIGIDBODY", "Parameter REFNODE requires a value.")});
+
+    inp_KeywordExpansionVisitor good;
+    inp_Keyword fine = Make(inp_kwRigidBody, {{"refnode", "7"}, {"analyticalsurface", "s"}, {"position", "c"}});
+    good.Visit(fine);
+    EXPECT_TRUE(good.errors.IsEmpty());
+    EXPECT_EQ(Value(fine, "position"), "CENTEROFMASS");
+}
+
+// A flat deck never hears of what an assembly may not hold; once a *PART comes, every
+// report held back comes out in deck order, and later ones go straight to the errors.
+TEST(ExpansionRulesQZ, AssemblyUnsupportedReports) {
+    cow_1DArrayList<inp_Keyword> flat;
+    flat.Append(Make(inp_kwSubstructureCopy, {{"newlibrary", "a"}}));
+    flat.Append(Make(inp_kwSubstructureDelete));
+    flat.Append(Make(inp_kwSubstructureDirectory));
+    flat.Append(Make(inp_kwSubstructureGenerate, {{"massmatrix", "y"}}));
+    flat.Append(Make(inp_kwSubstructurePath));
+    flat.Append(Make(inp_kwSubstructureProperty));
+    flat.Append(Make(inp_kwUserElement, {{"type", "U1"}}));
+    flat.Append(Make(inp_kwUserElement, {{"file", "lib"}}));
+    flat.Append(Make(inp_kwSubstructureLoadCase, {{"name", "L"}}));
+
+    inp_KeywordExpansionVisitor v;
+    v.VisitList(flat);
+    EXPECT_TRUE(v.errors.IsEmpty());
+    EXPECT_EQ(v.pendingAssemblyErrors.Count(), 7);
+    EXPECT_EQ(Value(flat[3], "massmatrix"), "YES");
+
+    cow_1DArrayList<inp_Keyword> deck = flat;
+    deck.Append(Make(inp_kwPart, {{"name", "P"}}));
+    deck.Append(Make(inp_kwSymmetricModelGeneration, {{"reflect", "l"}}));
+    deck.Append(Make(inp_kwSymmetricResultsTransfer, {{"unbalancedstress", "s"}}));
+    inp_KeywordExpansionVisitor w;
+    w.VisitList(deck);
+    const std::string n = kNotInAssembly;
+    EXPECT_EQ(Texts(w.errors),
+              (std::vector<std::string>{
+                  In("SUBSTRUCTURECOPY",
+                     "Option is currently not supported in a model defined in terms of an assembly of part instances: "
+                     "*SUBSTRUCTURE COPY"),
+                  In("SUBSTRUCTUREDELETE", n + "*SUBSTRUCTURE DELETE"),
+                  In("SUBSTRUCTUREDIRECTORY", n + "*SUBSTRUCTURE DIRECTORY"),
+                  In("SUBSTRUCTUREGENERATE", n + "*SUBSTRUCTURE GENERATE"),
+                  In("SUBSTRUCTUREPATH", n + "*SUBSTRUCTURE PATH"),
+                  In("SUBSTRUCTUREPROPERTY", n + "*SUBSTRUCTURE PROPERTY"),
+                  In("USERELEMENT", n + "*USER ELEMENT, FILE="),
+                  In("SYMMETRICMODELGENERATION", n + "*SYMMETRIC MODEL GENERATION"),
+                  In("SYMMETRICRESULTSTRANSFER", n + "*SYMMETRIC RESULTS TRANSFER"),
+              }));
+    EXPECT_TRUE(w.pendingAssemblyErrors.IsEmpty());
+    EXPECT_EQ(Value(deck[10], "reflect"), "LINE");
+    EXPECT_EQ(Value(deck[11], "unbalancedstress"), "STEP");
+}
+
+// INPUT is read and removed where it names a data file, and left alone on *RELEASE and
+// *TIME POINTS; *SPATIAL DISTRIBUTION without a name is gone before its file is read.
+TEST(ExpansionRulesQZ, DataFilesAndInputsThatStay) {
+    inp_test::TempDir dir;
+    const std::string file = dir.Write("Spectrum.dat", "1.0, 2.0\n3.0, 4.0\n\n");
+
+    inp_KeywordExpansionVisitor v;
+    inp_Keyword spectrum = Make(inp_kwSpectrum, {{"input", file.c_str()}, {"name", "s"}});
+    inp_Keyword release = Make(inp_kwRelease, {{"input", file.c_str()}});
+    inp_Keyword points = Make(inp_kwTimePoints, {{"input", file.c_str()}, {"name", "t"}});
+    inp_Keyword unnamed = Make(inp_kwSpatialDistribution, {{"input", "NoSuchFile.dat"}});
+    inp_Keyword missing = Make(inp_kwWave, {{"input", "NoSuchFile.dat"}});
+    for (inp_Keyword* k : {&spectrum, &release, &points, &unnamed, &missing}) v.Visit(*k);
+
+    EXPECT_EQ(spectrum.data.NumberOfLines(), 2);
+    EXPECT_EQ(std::string(spectrum.data.AsString(1, 1).c_str()), "4.0");
+    EXPECT_FALSE(spectrum.HasParameter(cow_String("input")));
+    EXPECT_EQ(Value(spectrum, "name"), "S");
+
+    EXPECT_EQ(release.data.NumberOfLines(), 0);
+    EXPECT_EQ(Value(release, "input"), file);  // its case is kept
+    EXPECT_EQ(points.data.NumberOfLines(), 0);
+    EXPECT_EQ(Value(points, "input"), file);
+
+    EXPECT_EQ(unnamed.keyword, inp_kwUndefined);
+    EXPECT_EQ(Texts(v.errors), (std::vector<std::string>{
+                                   In("SPATIALDISTRIBUTION", "The NAME parameter is required."),
+                                   In("WAVE", "Input file \"NoSuchFile.dat\" does not exist."),
+                               }));
+}
