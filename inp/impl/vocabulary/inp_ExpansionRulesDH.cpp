@@ -1,8 +1,9 @@
 // Expansion rows of the keywords from D to H.
 //
 // Word tables and whole rows that several keywords share stand first; then one block
-// per keyword that has a row of its own, in alphabetical order; the index list at the
-// bottom names every keyword of the range that has a row, shared or not.
+// per keyword that has a row of its own, in the order of the vocabulary (which is not
+// quite alphabetical); the index list at the bottom, in that order too, names every
+// keyword of the range that has a row, shared or empty.
 #include "inp_ExpansionRule.h"
 #include "inp_KeywordExpansionVisitor.h"
 #include "inp_Utils.h"
