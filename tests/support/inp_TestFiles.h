@@ -8,6 +8,7 @@
 #include <random>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "aio_ostream.h"
@@ -88,6 +89,19 @@ inline std::vector<std::string> ToVector(const cow_1DArrayList<cow_String>& list
     std::vector<std::string> out;
     for (int i = 0; i < list.Count(); ++i) out.push_back(list.ConstGet(i).c_str());
     return out;
+}
+
+// A keyword built in code, with (name, value) parameters; a null value makes a flag.
+using Params = std::vector<std::pair<const char*, const char*>>;
+inline inp_Keyword Make(inp_KeywordEnm value, const Params& params = {}) {
+    inp_Keyword k(value);
+    for (const auto& p : params) {
+        if (p.second)
+            k.parameters.Insert(cow_String(p.first), inp_Item(cow_String(p.second)));
+        else
+            k.parameters.Insert(cow_String(p.first), inp_Item(true));
+    }
+    return k;
 }
 
 // A parser as inp_Deck::Parse builds it, or, with `parent`, as an *INCLUDE in that

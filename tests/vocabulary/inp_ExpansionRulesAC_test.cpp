@@ -11,27 +11,10 @@
 
 namespace {
 
-struct Param {
-    const char* name;
-    const char* value;  // null: a flag
-};
+using Param = inp_test::Params::value_type;
+using inp_test::Make;
 
-inp_Keyword Make(inp_KeywordEnm value, const std::vector<Param>& params = {}) {
-    inp_Keyword k(value);
-    for (const Param& p : params) {
-        if (p.value)
-            k.parameters.Insert(cow_String(p.name), inp_Item(cow_String(p.value)));
-        else
-            k.parameters.Insert(cow_String(p.name), inp_Item(true));
-    }
-    return k;
-}
-
-std::vector<std::string> Texts(const cow_List<atr_String>& list) {
-    std::vector<std::string> out;
-    for (int i = 0; i < list.Count(); ++i) out.push_back(list[i].c_str());
-    return out;
-}
+std::vector<std::string> Texts(const cow_List<atr_String>& list) { return inp_test::ToVector(list); }
 
 // Runs one keyword through a fresh pass, as the deck dispatches it; gives the errors.
 std::vector<std::string> Expand(inp_Keyword& k) {
@@ -49,87 +32,13 @@ std::string Value(const inp_Keyword& k, const char* name) {
     return item ? item->AsString().c_str() : "<absent>";
 }
 
-const inp_ExpansionStep* NamesStep(const inp_ExpansionRule& rule) {
-    for (int i = 0; i < rule.count; ++i)
-        if (rule.steps[i].kind == inp_ExpansionStepKind::Names) return &rule.steps[i];
-    return nullptr;
-}
-
 std::string UpperName(inp_KeywordEnm value) {
     cow_String name = inp_Keyword(value).Name();
     name.ToUpper();
     return name.c_str();
 }
 
-int CountContaining(const std::vector<std::string>& texts, const std::string& part) {
-    int n = 0;
-    for (const std::string& t : texts) n += t.find(part) != std::string::npos;
-    return n;
-}
-
 }  // namespace
-
-// Every name of every row is accepted under its full spelling, and a name that is in
-// no table is reported once, with the exact text, and kept.
-TEST(ExpansionRulesAC, EveryFullNameIsKnownAndABogusOneIsNot) {
-    int names = 0;
-    for (int r = 0; r < inp_expansionRulesAC.count; ++r) {
-        const inp_ExpansionRule& rule = inp_expansionRulesAC.rules[r];
-        const std::string upper = UpperName(rule.keyword);
-        SCOPED_TRACE(upper);
-        const inp_ExpansionStep* step = NamesStep(rule);
-        if (step) {
-            for (const char* const* name = step->table; *name; ++name, ++names) {
-                inp_Keyword k = Make(rule.keyword, {{*name, nullptr}});
-                EXPECT_EQ(CountContaining(Expand(k), "Unknown parameter"), 0) << *name;
-            }
-        }
-        inp_Keyword k = Make(rule.keyword, {{"zzzbogus", nullptr}});
-        const std::vector<std::string> errors = Expand(k);
-        if (!step) {
-            // No table is consulted: the parameter stands as the parser gave it.
-            EXPECT_EQ(CountContaining(errors, "Unknown parameter"), 0);
-            continue;
-        }
-        EXPECT_EQ(CountContaining(errors, "Unknown parameter"), 1);
-        EXPECT_NE(std::find(errors.begin(), errors.end(),
-                            In(upper.c_str(), "Unknown parameter: zzzbogus. The parameter may be misspelled, "
-                                              "obsolete, or invalid.")),
-                  errors.end());
-    }
-    EXPECT_GT(names, 400);
-}
-
-// The rows cover the range: every keyword from A to C has one, except those that take
-// no parameter at all.
-TEST(ExpansionRulesAC, RowsCoverTheRangeButTheKeywordsWithoutParameters) {
-    const std::set<std::string> withoutRow = {
-        "acousticflowvelocity", "acousticmedium", "acousticwaveformulation", "baselinecorrection",
-        "bond", "bucklingenvelope", "bucklinglength", "bulkviscosity", "caddedmass", "centroid",
-        "connectorconstitutivereference", "contactclearanceassignment", "contactexclusions",
-        "contactpropertyassignment", "cycledplastic"};
-    int rows = 0;
-#define INP_KEYWORD(Ident, name, value)                                                        \
-    if (name[0] >= 'a' && name[0] <= 'c') {                                                    \
-        const inp_ExpansionRule* rule = inp_FindExpansionRule(inp_kw##Ident);                  \
-        EXPECT_EQ(rule == nullptr, withoutRow.count(name) == 1) << name;                       \
-        rows += rule != nullptr;                                                               \
-    }
-#define INP_KEYWORD_SPECIAL(Ident, name, value)
-#include "inp_keywords.def"
-#undef INP_KEYWORD
-#undef INP_KEYWORD_SPECIAL
-    EXPECT_EQ(rows, 100);
-    EXPECT_EQ(inp_expansionRulesAC.count, 100);
-
-    // The one keyword of the range that is not looked at keeps what it was given.
-    const inp_ExpansionRule* generate = inp_FindExpansionRule(inp_kwBeamSectionGenerate);
-    ASSERT_NE(generate, nullptr);
-    EXPECT_EQ(generate->count, 0);
-    inp_Keyword k = Make(inp_kwBeamSectionGenerate, {{"zzzbogus", "low er"}});
-    EXPECT_TRUE(Expand(k).empty());
-    EXPECT_EQ(Value(k, "zzzbogus"), "low er");
-}
 
 TEST(ExpansionRulesAC, ValueVocabularies) {
     const std::string illegal = ".  The value may be misspelled, obsolete, or invalid.";

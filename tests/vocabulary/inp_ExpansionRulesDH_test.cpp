@@ -11,24 +11,11 @@
 namespace {
 
 // A null value makes a flag, as a parameter written without `=` is.
-using Params = std::vector<std::pair<const char*, const char*>>;
+using inp_test::Params;
 
-inp_Keyword Make(inp_KeywordEnm value, const Params& params = {}) {
-    inp_Keyword k(value);
-    for (const auto& p : params) {
-        if (p.second)
-            k.parameters.Insert(cow_String(p.first), inp_Item(cow_String(p.second)));
-        else
-            k.parameters.Insert(cow_String(p.first), inp_Item(true));
-    }
-    return k;
-}
+using inp_test::Make;
 
-std::vector<std::string> Texts(const cow_List<atr_String>& list) {
-    std::vector<std::string> out;
-    for (int i = 0; i < list.Count(); ++i) out.push_back(list[i].c_str());
-    return out;
-}
+std::vector<std::string> Texts(const cow_List<atr_String>& list) { return inp_test::ToVector(list); }
 
 // The location prefix of a keyword made in code, which has no file and no line.
 std::string In(const char* name, const std::string& text) { return std::string("in keyword *") + name + " " + text; }
@@ -43,78 +30,6 @@ const char* const kShortFiber =
     "instances.";
 
 }  // namespace
-
-TEST(ExpansionRulesDH, EachKeywordOfTheRangeFallsInItsFamily) {
-    const std::set<std::string> withoutRow = {"daddedmass",
-                                              "damagestabilization",
-                                              "deformationplasticity",
-                                              "designparameter",
-                                              "detonationpoint",
-                                              "endassembly",
-                                              "endinstance",
-                                              "endpart",
-                                              "endstep",
-                                              "eoscompaction",
-                                              "foundation",
-                                              "gapheatgeneration",
-                                              "gapradiation",
-                                              "gel",
-                                              "geostatic",
-                                              "heading",
-                                              "heatgeneration",
-                                              "hourglassstiffness",
-                                              "hysteresis"};
-    const std::set<std::string> emptyRow = {"designvalue", "designvariation", "elementproperties", "endloadcase",
-                                            "failure"};
-    int withSteps = 0;
-#define INP_KEYWORD(Ident, name, value)                                                                  \
-    if (name[0] >= 'd' && name[0] <= 'h') {                                                              \
-        const inp_ExpansionRule* rule = inp_FindExpansionRule(inp_kw##Ident);                            \
-        if (withoutRow.count(name)) {                                                                    \
-            EXPECT_EQ(rule, nullptr) << name;                                                            \
-        } else if (!rule) {                                                                              \
-            ADD_FAILURE() << "no row for " << name;                                                      \
-        } else if (emptyRow.count(name)) {                                                               \
-            EXPECT_EQ(rule->steps, nullptr) << name;                                                     \
-        } else {                                                                                         \
-            EXPECT_TRUE(rule->count > 0 && rule->steps[0].kind == inp_ExpansionStepKind::Names) << name; \
-            ++withSteps;                                                                                 \
-        }                                                                                                \
-    }
-#define INP_KEYWORD_SPECIAL(Ident, name, value)
-#include "inp_keywords.def"
-#undef INP_KEYWORD
-#undef INP_KEYWORD_SPECIAL
-    EXPECT_EQ(withSteps, 111);
-    EXPECT_EQ(inp_expansionRulesDH.count, 111 + 5);
-}
-
-TEST(ExpansionRulesDH, EveryFullNameIsKnownAndABogusOneIsNot) {
-    int names = 0;
-    for (int r = 0; r < inp_expansionRulesDH.count; ++r) {
-        const inp_ExpansionRule& rule = inp_expansionRulesDH.rules[r];
-        if (!rule.steps) continue;
-        const std::string upper = inp_Keyword(rule.keyword).Name().ToUpper().c_str();
-        for (const char* const* name = rule.steps[0].table; *name; ++name, ++names) {
-            inp_KeywordExpansionVisitor v;
-            inp_Keyword k = Make(rule.keyword, {{*name, nullptr}});
-            v.Visit(k);
-            for (const std::string& e : Texts(v.errors))
-                EXPECT_EQ(e.find("Unknown parameter"), std::string::npos) << upper << " " << *name << ": " << e;
-        }
-        inp_KeywordExpansionVisitor v;
-        inp_Keyword k = Make(rule.keyword, {{"zzzbogus", "1"}});
-        v.Visit(k);
-        const std::string unknown =
-            In(upper.c_str(), "Unknown parameter: zzzbogus. The parameter may be misspelled, obsolete, or invalid.");
-        int unknowns = 0;
-        for (const std::string& e : Texts(v.errors)) unknowns += e.find("Unknown parameter") != std::string::npos;
-        ASSERT_FALSE(v.errors.IsEmpty()) << upper;
-        EXPECT_EQ(Texts(v.errors)[0], unknown);
-        EXPECT_EQ(unknowns, 1) << upper;
-    }
-    EXPECT_EQ(names, 459);  // the sum of the lengths of all parameter tables of the range
-}
 
 TEST(ExpansionRulesDH, AbbreviationsFollowTheOrderOfTheTable) {
     struct Case {
@@ -304,21 +219,6 @@ TEST(ExpansionRulesDH, DesignShapeVariationReadsAsParameterShapeVariation) {
               std::vector<std::string>{In("DESIGNSHAPEVARIATION",
                                           "Option is currently not supported in a model defined in terms of an "
                                           "assembly of part instances: *PARAMETER SHAPE VARIATION, FILE=")});
-}
-
-// The two rows must stay one behaviour, so they are compared step by step.
-TEST(ExpansionRulesDH, DesignShapeVariationRowEqualsTheParameterShapeVariationRow) {
-    const inp_ExpansionRule* design = inp_FindExpansionRule(inp_kwDesignShapeVariation);
-    const inp_ExpansionRule* parameter = inp_FindExpansionRule(inp_kwParameterShapeVariation);
-    if (!parameter || !parameter->steps) GTEST_SKIP() << "no parameter shape variation row to compare with";
-    auto text = [](const inp_ExpansionStep& step) {
-        std::string out = std::to_string(static_cast<int>(step.kind)) + "|" + (step.name ? step.name : "") + "|" +
-                          (step.text ? step.text : "") + "|";
-        for (const char* const* word = step.table; word && *word; ++word) out += std::string(*word) + ",";
-        return out;
-    };
-    ASSERT_EQ(design->count, parameter->count);
-    for (int i = 0; i < design->count; ++i) EXPECT_EQ(text(design->steps[i]), text(parameter->steps[i]));
 }
 
 TEST(ExpansionRulesDH, DfluxCompletesARegionTypeItDoesNotKnow) {

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include "../support/inp_TestFiles.h"
+
 #include <algorithm>
 #include <string>
 #include <vector>
@@ -11,24 +13,11 @@
 namespace {
 
 // A parameter given without a value is written with a null text.
-using Params = std::vector<std::pair<const char*, const char*>>;
+using inp_test::Params;
 
-inp_Keyword Make(inp_KeywordEnm value, const Params& params = {}) {
-    inp_Keyword k(value);
-    for (const auto& p : params) {
-        if (p.second)
-            k.parameters.Insert(cow_String(p.first), inp_Item(cow_String(p.second)));
-        else
-            k.parameters.Insert(cow_String(p.first), inp_Item(true));
-    }
-    return k;
-}
+using inp_test::Make;
 
-std::vector<std::string> Texts(const cow_List<atr_String>& list) {
-    std::vector<std::string> out;
-    for (int i = 0; i < list.Count(); ++i) out.push_back(list[i].c_str());
-    return out;
-}
+std::vector<std::string> Texts(const cow_List<atr_String>& list) { return inp_test::ToVector(list); }
 
 // The text as a keyword built in code reports it: no file, no line.
 std::string In(const char* keyword, const std::string& text) { return std::string("in keyword *") + keyword + " " + text; }
@@ -36,10 +25,6 @@ std::string In(const char* keyword, const std::string& text) { return std::strin
 std::string Parameter(const inp_Keyword& k, const char* name) {
     const inp_Item* item = k.parameters.Lookup(cow_String(name));
     return item ? item->AsString().c_str() : "<absent>";
-}
-
-std::string Unknown(const char* name) {
-    return std::string("Unknown parameter: ") + name + ". The parameter may be misspelled, obsolete, or invalid.";
 }
 
 std::string Illegal(const char* value, const char* name) {
@@ -56,58 +41,6 @@ const char* const kNotInAssembly =
 
 }  // namespace
 
-// Every name of every table must be taken as itself, and a name that fits no entry must
-// be refused with exactly one message, whatever else the row checks.
-TEST(ExpansionRulesIP, EveryRowTakesItsNamesAndRefusesOthers) {
-    int rows = 0;
-    for (int r = 0; r < inp_expansionRulesIP.count; ++r) {
-        const inp_ExpansionRule& rule = inp_expansionRulesIP.rules[r];
-        ASSERT_EQ(inp_FindExpansionRule(rule.keyword), &rule);
-        const cow_String keywordName = inp_Keyword(rule.keyword).Name();
-        SCOPED_TRACE(keywordName.c_str());
-        if (rule.count == 0) {
-            // An empty override leaves what the parser read, unchecked.
-            inp_KeywordExpansionVisitor v;
-            inp_Keyword k = Make(rule.keyword, {{"zzzbogus", "lowcase"}});
-            v.Visit(k);
-            EXPECT_TRUE(v.errors.IsEmpty());
-            EXPECT_EQ(Parameter(k, "zzzbogus"), "lowcase");
-            continue;
-        }
-        ASSERT_EQ(rule.steps[0].kind, inp_ExpansionStepKind::Names);
-        for (const char* const* name = rule.steps[0].table; *name; ++name) {
-            inp_KeywordExpansionVisitor v;
-            inp_Keyword k = Make(rule.keyword, {{*name, nullptr}});
-            v.Visit(k);
-            for (const std::string& e : Texts(v.errors)) {
-                EXPECT_EQ(e.find("Unknown parameter"), std::string::npos) << *name << ": " << e;
-                EXPECT_EQ(e.find("Ambiguous parameter"), std::string::npos) << *name << ": " << e;
-            }
-        }
-        inp_KeywordExpansionVisitor v;
-        inp_Keyword k = Make(rule.keyword, {{"zzzbogus", nullptr}});
-        v.Visit(k);
-        const std::string upper = cow_String(keywordName).ToUpper().c_str();
-        int unknown = 0;
-        for (const std::string& e : Texts(v.errors))
-            if (e.find("Unknown parameter") != std::string::npos) {
-                ++unknown;
-                EXPECT_EQ(e, In(upper.c_str(), Unknown("zzzbogus")));
-            }
-        EXPECT_EQ(unknown, 1);
-        ++rows;
-    }
-    EXPECT_GT(rows, 80);
-
-    // A keyword of this range without a row takes no parameter at all.
-    inp_KeywordExpansionVisitor v;
-    inp_Keyword k = Make(inp_kwImportElset, {{"elset", "A"}});
-    v.Visit(k);
-    EXPECT_EQ(Texts(v.errors), std::vector<std::string>{In("IMPORTELSET", Unknown("elset"))});
-}
-
-// The first entry an abbreviation fits wins, so the order of each table is part of the
-// language; the two keywords without an operation of their own read their host's table.
 TEST(ExpansionRulesIP, AbbreviationsFollowTableOrder) {
     struct Case {
         inp_KeywordEnm keyword;

@@ -11,27 +11,10 @@
 namespace {
 
 // A parameter as the parser leaves it: a string item, or a flag when `value` is null.
-struct Param {
-    const char* name;
-    const char* value;
-};
+using Param = inp_test::Params::value_type;
+using inp_test::Make;
 
-inp_Keyword Make(inp_KeywordEnm value, const std::vector<Param>& params = {}) {
-    inp_Keyword k(value);
-    for (const Param& p : params) {
-        if (p.value)
-            k.parameters.Insert(cow_String(p.name), inp_Item(cow_String(p.value)));
-        else
-            k.parameters.Insert(cow_String(p.name), inp_Item(true));
-    }
-    return k;
-}
-
-std::vector<std::string> Texts(const cow_List<atr_String>& list) {
-    std::vector<std::string> out;
-    for (int i = 0; i < list.Count(); ++i) out.push_back(list[i].c_str());
-    return out;
-}
+std::vector<std::string> Texts(const cow_List<atr_String>& list) { return inp_test::ToVector(list); }
 
 // The text a keyword built in code (no file, no line) carries in front of a message.
 std::string In(const char* upperName, const std::string& text) {
@@ -48,72 +31,6 @@ const char* const kNotInAssembly =
 
 }  // namespace
 
-// Every name of every row must resolve to itself, and a name that no table holds gets
-// exactly one unknown-parameter message: this catches typos and lost entries in the tables.
-TEST(ExpansionRulesQZ, EveryTableNameIsKnownAndABogusNameIsNot) {
-    int rowsWithNames = 0;
-    for (int r = 0; r < inp_expansionRulesQZ.count; ++r) {
-        const inp_ExpansionRule& rule = inp_expansionRulesQZ.rules[r];
-        if (rule.count == 0 || rule.steps[0].kind != inp_ExpansionStepKind::Names) continue;
-        ++rowsWithNames;
-        const std::string upper = [&] {
-            cow_String n = inp_Keyword(rule.keyword).Name();
-            return std::string(n.ToUpper().c_str());
-        }();
-        SCOPED_TRACE(upper);
-        std::set<std::string> seen;
-        for (const char* const* name = rule.steps[0].table; *name; ++name) {
-            SCOPED_TRACE(*name);
-            EXPECT_TRUE(seen.insert(*name).second) << "listed twice";
-            inp_KeywordExpansionVisitor v;
-            inp_Keyword k = Make(rule.keyword, {{*name, nullptr}});
-            v.Visit(k);
-            for (const std::string& e : Texts(v.errors))
-                EXPECT_EQ(e.find("Unknown parameter"), std::string::npos) << e;
-        }
-        inp_KeywordExpansionVisitor v;
-        inp_Keyword k = Make(rule.keyword, {{"zzzbogus", nullptr}});
-        v.Visit(k);
-        std::vector<std::string> unknown;
-        for (const std::string& e : Texts(v.errors))
-            if (e.find("Unknown parameter") != std::string::npos) unknown.push_back(e);
-        ASSERT_EQ(unknown.size(), 1u);
-        EXPECT_EQ(unknown[0],
-                  In(upper.c_str(), "Unknown parameter: zzzbogus. The parameter may be misspelled, obsolete, or invalid."));
-    }
-    EXPECT_EQ(rowsWithNames, 100);
-}
-
-// The three families of this letter range: 100 rows with steps, one empty row, and the
-// keywords that take no parameter, which must have no row at all.
-TEST(ExpansionRulesQZ, FamiliesOfTheRange) {
-    EXPECT_EQ(inp_expansionRulesQZ.count, 101);
-    const inp_ExpansionRule* remesh = inp_FindExpansionRule(inp_kwRemeshTrigger);
-    ASSERT_NE(remesh, nullptr);
-    EXPECT_EQ(remesh->count, 0);
-    for (inp_KeywordEnm none : {inp_kwRandomResponse, inp_kwSectionPoints, inp_kwShearCenter, inp_kwSimpleShearTestData,
-                                inp_kwSteadyStateCriteria, inp_kwSystem, inp_kwTransverseShearStiffness,
-                                inp_kwUserDefinedField, inp_kwUserOutputVariables, inp_kwWind})
-        EXPECT_EQ(inp_FindExpansionRule(none), nullptr) << none;
-
-    // The empty row leaves a parameter alone: no message, name and value as written.
-    inp_KeywordExpansionVisitor v;
-    inp_Keyword k = Make(inp_kwRemeshTrigger, {{"whatever", "low Case"}});
-    v.Visit(k);
-    EXPECT_TRUE(v.errors.IsEmpty());
-    EXPECT_EQ(Value(k, "whatever"), "low Case");
-
-    // A keyword without a row reports what it is given and keeps it.
-    inp_KeywordExpansionVisitor w;
-    inp_Keyword wind = Make(inp_kwWind, {{"speed", "3"}});
-    w.Visit(wind);
-    EXPECT_EQ(Texts(w.errors),
-              std::vector<std::string>{
-                  In("WIND", "Unknown parameter: speed. The parameter may be misspelled, obsolete, or invalid.")});
-    EXPECT_EQ(Value(wind, "speed"), "3");
-}
-
-// The order of a table decides what an abbreviation means.
 TEST(ExpansionRulesQZ, AbbreviationsFollowTableOrder) {
     struct Case {
         inp_KeywordEnm keyword;

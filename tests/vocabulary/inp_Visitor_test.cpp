@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include "../support/inp_TestFiles.h"
+
 #include <string>
 #include <vector>
 
@@ -9,16 +11,7 @@
 
 namespace {
 
-inp_Keyword Make(inp_KeywordEnm value, std::initializer_list<std::pair<const char*, const char*>> params = {}) {
-    inp_Keyword k(value);
-    for (const auto& p : params) {
-        if (p.second)
-            k.parameters.Insert(cow_String(p.first), inp_Item(cow_String(p.second)));
-        else
-            k.parameters.Insert(cow_String(p.first), inp_Item(true));
-    }
-    return k;
-}
+using inp_test::Make;
 
 // Records every operation by its name; DefaultAction records the keyword value.
 class RecordingVisitor : public inp_Visitor {

@@ -116,16 +116,9 @@ constexpr const char* kDesignResponseOp[] = {"NEW", "ADD", "REPLACE", nullptr};
 const inp_ExpansionStep kDesignResponse[] = {Names(kDesignResponseNames), Value("op", kDesignResponseOp)};
 
 // A design shape variation is read exactly as a parameter shape variation, down to the
-// text of its message. The engine runs a row only by the keyword's own value, so the
-// row is repeated here; the tests hold the two rows equal.
-constexpr const char* kShapeVariationNames[] = {"parameter", "system", "input", "file",  "step",
-                                                "inc",       "mode",   "nset",  "value", nullptr};
-constexpr const char* kShapeVariationSystem[] = {"C", "R", "S", nullptr};
+// text of its message.
 const inp_ExpansionStep kDesignShapeVariation[] = {
-    Names(kShapeVariationNames), Value("system", kShapeVariationSystem), DataFile("input"),
-    UnsupportedWith("file",
-                    "Option is currently not supported in a model defined in terms of an assembly of part "
-                    "instances: *PARAMETER SHAPE VARIATION, FILE=")};
+    Call([](inp_KeywordExpansionVisitor& v, inp_Keyword& k) { v.ApplyRule(k, inp_kwParameterShapeVariation); })};
 
 // `regiontype` is not in the table, so it is reported unknown and stays under the name
 // the user wrote; its value is completed all the same, as long as that name is the

@@ -79,8 +79,10 @@ void inp_KeywordExpansionVisitor::Visit(inp_Keyword& keyword) {
 
 void inp_KeywordExpansionVisitor::DefaultAction(inp_Keyword& keyword) { ApplyRule(keyword); }
 
-void inp_KeywordExpansionVisitor::ApplyRule(inp_Keyword& keyword) {
-    const inp_ExpansionRule* rule = inp_FindExpansionRule(keyword.keyword);
+void inp_KeywordExpansionVisitor::ApplyRule(inp_Keyword& keyword) { ApplyRule(keyword, keyword.keyword); }
+
+void inp_KeywordExpansionVisitor::ApplyRule(inp_Keyword& keyword, inp_KeywordEnm rowOf) {
+    const inp_ExpansionRule* rule = inp_FindExpansionRule(rowOf);
     if (!rule) {
         ExpandParameterNames(keyword, nullptr);
         return;

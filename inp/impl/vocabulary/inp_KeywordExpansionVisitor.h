@@ -78,8 +78,10 @@ public:
     // of the longest partial ones.
     static int MatchValue(cow_String& result, const char* const* words, const cow_String& value);
 
-    // Runs the keyword's row (see inp_ExpansionRule.h).
+    // Runs the keyword's row (see inp_ExpansionRule.h), or the row of another keyword
+    // that this one is read exactly as; messages still name this keyword.
     void ApplyRule(inp_Keyword& keyword);
+    void ApplyRule(inp_Keyword& keyword, inp_KeywordEnm rowOf);
 
 protected:
     void DefaultAction(inp_Keyword& keyword) override;
