@@ -170,6 +170,7 @@ void inp_NodeDataArrayImpl::PackLines(inp_DataLineCursor& cursor) {
     for (int i = 0; i < nrows; ++i) {
         double* block = NewBlock(i);
         int items = cursor.SeekLine(i);
+        if (items < 1) continue;  // no raw line is so; another kind of array might be
         char* item = cursor.NextItem();
         // An empty line in a *NODE block is a node of label 0 at the origin.
         if (items == 1 && IsBlankText(item)) continue;
