@@ -5,6 +5,10 @@
 #include "inp_DataArray.h"
 #include "inp_Exceptions.h"
 #include "nex_Exception.h"
+#include "../support/inp_DataArrayTesting.h"
+
+using inp_test::ArrayOf;
+using inp_test::AssertionOf;
 
 namespace {
 
@@ -13,23 +17,6 @@ class RawArray : public inp_RawDataArrayImpl {
 public:
     int Capacity() const { return allocatedSize; }
 };
-
-inp_DataArray ArrayOf(std::initializer_list<const char*> lines) {
-    inp_DataArray data(new inp_RawDataArrayImpl());
-    for (const char* line : lines) data.Append(line);
-    return data;
-}
-
-// The condition text of the assertion that an operation raises, or "" if none.
-template <class F>
-std::string AssertionOf(F f) {
-    try {
-        f();
-    } catch (const nex_AssertException& e) {
-        return e.Condition().c_str();
-    }
-    return "";
-}
 
 }  // namespace
 

@@ -137,6 +137,11 @@ void inp_RawDataArrayImpl::StoreLine(int i, const char* text, int length) {
     ncols[i] = items;
 }
 
+char* inp_RawDataArrayImpl::LineBlock(int i) const {
+    NEX_ASSERT(i >= 0 && i < nrows);
+    return rows[i];
+}
+
 int inp_RawDataArrayImpl::NumberOfLines() const { return nrows; }
 
 int inp_RawDataArrayImpl::NumberOfItems(int i) const {
@@ -267,4 +272,34 @@ cow_String inp_DataArray::AsString(int line, int item, const cow_String& fallbac
     if (line >= 0 && line < NumberOfLines() && item >= 0 && item < NumberOfItems(line))
         return AsString(line, item);
     return StripBlanksOf(fallback.c_str(), fallback.Length(), true);
+}
+
+inp_DataLineCursor::inp_DataLineCursor(const inp_DataArray& data)
+    : m_data(data),
+      m_raw(dynamic_cast<const inp_RawDataArrayImpl*>(data.Pointer())),
+      m_lines(data.HasValue() ? data.NumberOfLines() : 0),
+      m_line(0),
+      m_item(0),
+      m_next(nullptr),
+      m_empty{'\0'} {}
+
+int inp_DataLineCursor::SeekLine(int line) {
+    m_line = line;
+    m_item = 0;
+    m_next = m_raw ? m_raw->LineBlock(line) : nullptr;
+    return m_data.NumberOfItems(line);
+}
+
+char* inp_DataLineCursor::NextItem() {
+    if (m_raw) {
+        char* item = m_next;
+        m_next += std::strlen(item) + 1;
+        return item;
+    }
+    m_copy = m_data.AsStringVerbatim(m_line, m_item++);
+    if (m_copy.IsEmpty()) {
+        m_empty[0] = '\0';
+        return m_empty;
+    }
+    return &m_copy[0];
 }

@@ -75,6 +75,11 @@ public:
     // numbers from names and validates nothing (`1-5` and `.` pass as doubles).
     static inp_Types::typeEnm Type(const char* text);
 
+    // The stored block of a line: its NumberOfItems(line) items one behind the other,
+    // each NUL-terminated. For readers that walk every item of many lines and must not
+    // make a string per item. Writable in the way AsDouble writes an exponent mark.
+    char* LineBlock(int line) const;
+
 protected:
     int nrows;          // lines in use
     int allocatedSize;  // slots of rows and ncols
@@ -121,6 +126,34 @@ public:
     // The item when it exists, blank or not; otherwise the fallback in the same form
     // as an item, so that callers can read optional columns without asking first.
     cow_String AsString(int line, int item, const cow_String& fallback) const;
+};
+
+// Hands out the items of an array line by line as C texts, for the constructors that
+// pack a whole array into another form. A raw array gives its stored items without a
+// copy, and they may be written as AsDouble writes; any other kind of array goes
+// through AsStringVerbatim, one string per item.
+class inp_DataLineCursor {
+public:
+    explicit inp_DataLineCursor(const inp_DataArray& data);
+    inp_DataLineCursor(const inp_DataLineCursor&) = delete;
+    inp_DataLineCursor& operator=(const inp_DataLineCursor&) = delete;
+
+    int NumberOfLines() const { return m_lines; }
+    // Makes a line current and gives its number of items.
+    int SeekLine(int line);
+    // The next item of the current line, from item 0 on; valid until the next call.
+    // At most as many calls as SeekLine gave.
+    char* NextItem();
+
+private:
+    const inp_DataArray& m_data;
+    const inp_RawDataArrayImpl* m_raw;
+    int m_lines;
+    int m_line;
+    int m_item;
+    char* m_next;
+    cow_String m_copy;
+    char m_empty[1];
 };
 
 // Drops blanks, tabs and carriage returns outside double quotes; quotes and what stands

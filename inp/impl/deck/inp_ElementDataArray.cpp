@@ -1,0 +1,208 @@
+// Packed *ELEMENT data: building it from raw lines or from element tables, and the line
+// and item interface.
+#include "inp_ElementDataArray.h"
+
+#include <cstdlib>
+#include <cstring>
+
+#include "inp_Exceptions.h"
+#include "nex_Exception.h"
+
+namespace {
+
+const int kFirstLineNodes = 15;  // behind the element id
+const int kLineNodes = 16;
+
+[[noreturn]] void Raise(const char* text, int line) {
+    nex_TextException(atr_translate(text).Result()).Throw(__FILE__, line);
+}
+
+}  // namespace
+
+int inp_ElementDataArrayImpl::LinesFor(int numNodes) {
+    if (numNodes <= kFirstLineNodes) return 1;
+    return (numNodes - kFirstLineNodes + kLineNodes - 1) / kLineNodes + 1;
+}
+
+inp_ElementDataArrayImpl::inp_ElementDataArrayImpl(const inp_DataArray& raw)
+    : nrows(0), ncols(nullptr), rows(nullptr) {
+    inp_DataLineCursor cursor(raw);
+    AllocateArrays(cursor.NumberOfLines());
+    try {
+        for (int i = 0; i < cursor.NumberOfLines(); ++i) {
+            int items = cursor.SeekLine(i);
+            int* values = NewLine(i, items);
+            for (int j = 0; j < items; ++j) values[j] = std::atoi(cursor.NextItem());
+        }
+    } catch (...) {
+        Release();
+        throw;
+    }
+}
+
+inp_ElementDataArrayImpl::inp_ElementDataArrayImpl(const cow_Map<int, cow_1DArrayList<int>>& connectivity)
+    : nrows(0), ncols(nullptr), rows(nullptr) {
+    cow_ConstMapIterator<int, cow_1DArrayList<int>> it(connectivity);
+    int lines = 0;
+    for (it.First(); !it.IsDone(); it.Next()) lines += LinesFor(it.CurrentValue().Count());
+    AllocateArrays(lines);
+    try {
+        for (it.First(); !it.IsDone(); it.Next()) {
+            const cow_1DArrayList<int>& nodes = it.CurrentValue();
+            AddElement(it.CurrentKey(), nodes.Count(), [&nodes](int k) { return nodes[k]; });
+        }
+    } catch (...) {
+        Release();
+        throw;
+    }
+}
+
+inp_ElementDataArrayImpl::inp_ElementDataArrayImpl(const cow_1DArrayList<int>& ids,
+                                                   const omi_IntTable<inp_Element>& elements)
+    : nrows(0), ncols(nullptr), rows(nullptr) {
+    // The table keeps a negative id under its magnitude in its negative half; asking the
+    // table itself finds it there.
+    int lines = 0;
+    for (int i = 0; i < ids.Count(); ++i)
+        if (elements.HasKey(ids[i])) lines += LinesFor(elements.ConstGet(ids[i]).numNodes);
+    AllocateArrays(lines);
+    try {
+        for (int i = 0; i < ids.Count(); ++i) {
+            if (!elements.HasKey(ids[i])) continue;
+            const inp_Element& element = elements.ConstGet(ids[i]);
+            AddElement(ids[i], element.numNodes, [&element](int k) { return element.nodes[k]; });
+        }
+    } catch (...) {
+        Release();
+        throw;
+    }
+}
+
+inp_ElementDataArrayImpl::inp_ElementDataArrayImpl(const inp_ElementDataArrayImpl& other)
+    : inp_DataArrayImpl(), nrows(0), ncols(nullptr), rows(nullptr) {
+    AllocateArrays(other.nrows);
+    try {
+        for (int i = 0; i < other.nrows; ++i)
+            std::memcpy(NewLine(i, other.ncols[i]), other.rows[i], sizeof(int) * static_cast<size_t>(other.ncols[i]));
+    } catch (...) {
+        Release();
+        throw;
+    }
+}
+
+inp_ElementDataArrayImpl::~inp_ElementDataArrayImpl() { Release(); }
+
+void inp_ElementDataArrayImpl::AllocateArrays(int size) {
+    if (size <= 0) return;
+    rows = static_cast<int**>(std::malloc(sizeof(int*) * static_cast<size_t>(size)));
+    ncols = static_cast<int*>(std::malloc(sizeof(int) * static_cast<size_t>(size)));
+    if (!rows || !ncols) {
+        std::free(rows);
+        std::free(ncols);
+        rows = nullptr;
+        ncols = nullptr;
+        inp_MemoryException().Throw(__FILE__, __LINE__);
+    }
+}
+
+// Lines are made in order, so nrows counts exactly the lines that Release must free.
+int* inp_ElementDataArrayImpl::NewLine(int i, int items) {
+    size_t slots = static_cast<size_t>(items > 0 ? items : 1);
+    int* values = static_cast<int*>(std::malloc(sizeof(int) * slots));
+    if (!values) inp_MemoryException().Throw(__FILE__, __LINE__);
+    rows[i] = values;
+    ncols[i] = items;
+    nrows = i + 1;
+    return values;
+}
+
+void inp_ElementDataArrayImpl::Release() {
+    for (int i = 0; i < nrows; ++i) std::free(rows[i]);
+    std::free(rows);
+    std::free(ncols);
+    rows = nullptr;
+    ncols = nullptr;
+    nrows = 0;
+}
+
+template <class NodeAt>
+void inp_ElementDataArrayImpl::AddElement(int id, int numNodes, NodeAt nodeAt) {
+    int done = 0;
+    bool first = true;
+    do {
+        int room = first ? kFirstLineNodes : kLineNodes;
+        int take = numNodes - done < room ? numNodes - done : room;
+        bool more = done + take < numNodes;
+        int lead = first ? 1 : 0;
+        int* values = NewLine(nrows, lead + take + (more ? 1 : 0));
+        if (first) values[0] = id;
+        for (int k = 0; k < take; ++k) values[lead + k] = nodeAt(done + k);
+        // The closing 0 is the trailing comma that says the element goes on.
+        if (more) values[lead + take] = 0;
+        done += take;
+        first = false;
+    } while (done < numNodes);
+}
+
+void inp_ElementDataArrayImpl::CheckItem(int i, int j) const {
+    NEX_ASSERT(i >= 0 && i < nrows);
+    NEX_ASSERT(j >= 0 && j < ncols[i]);
+}
+
+int inp_ElementDataArrayImpl::NumberOfLines() const { return nrows; }
+
+int inp_ElementDataArrayImpl::NumberOfItems(int i) const {
+    NEX_ASSERT(i >= 0 && i < nrows);
+    return ncols[i];
+}
+
+inp_Types::typeEnm inp_ElementDataArrayImpl::Type(int line, int item) const {
+    return IsBlank(line, item) ? inp_Types::typeNone : inp_Types::typeInt;
+}
+
+bool inp_ElementDataArrayImpl::IsBlank(int line, int item) const {
+    CheckItem(line, item);
+    return rows[line][item] == 0;
+}
+
+bool inp_ElementDataArrayImpl::HasValue(int line, int item) const {
+    if (line < 0 || line >= nrows || item < 0 || item >= ncols[line]) return false;
+    return !IsBlank(line, item);
+}
+
+int inp_ElementDataArrayImpl::AsInt(int line, int item) const {
+    CheckItem(line, item);
+    return rows[line][item];
+}
+
+double inp_ElementDataArrayImpl::AsDouble(int, int) const {
+    Raise("Element keyword data cannot be converted to a double", __LINE__);
+}
+
+cow_String inp_ElementDataArrayImpl::AsString(int line, int item) const { return cow_String(AsInt(line, item)); }
+
+cow_String inp_ElementDataArrayImpl::AsStringVerbatim(int line, int item) const { return AsString(line, item); }
+
+void inp_ElementDataArrayImpl::Set(int, int, const cow_String&) { Raise("Illegal operation on element data", __LINE__); }
+
+void inp_ElementDataArrayImpl::Set(int, int, double) { Raise("Illegal operation on element data", __LINE__); }
+
+void inp_ElementDataArrayImpl::Set(int line, int item, int value) {
+    CheckItem(line, item);
+    rows[line][item] = value;
+}
+
+void inp_ElementDataArrayImpl::Append(const char*) {
+    Raise("There has been an attempt to append a generic data line to a *ELEMENT keyword.  This can happen when "
+          "the element connectivity listing is separated from the *ELEMENT keyword.  Please make sure your include "
+          "files contain complete keywords (keyword + parameters + data lines).  Note that you can still use "
+          "multiple files to list the elements, provided you have *ELEMENT at the top of each file.",
+          __LINE__);
+}
+
+bool inp_ElementDataArrayImpl::LastItemIsBlank(int i) const {
+    NEX_ASSERT(i >= 0 && i < nrows);
+    return rows[i][ncols[i] - 1] == 0;
+}
+
+inp_DataArrayImpl* inp_ElementDataArrayImpl::Clone() const { return new inp_ElementDataArrayImpl(*this); }

@@ -1,0 +1,72 @@
+// Packed *ELEMENT data: integers only.
+//
+// The element passes rebuild connectivity after generation and expansion and write it
+// back into the keyword in this form, so later passes and the printed deck see every
+// node. An item is an int and 0 stands for a blank position: a node of id 0 and an
+// empty item are the same thing here.
+//
+// Built from a table, an element spreads over lines as a deck writes it: the first line
+// holds the id and up to 15 nodes, each further line up to 16 nodes, and a line that
+// more nodes follow ends in one more item of 0, the trailing comma of the text form.
+#ifndef INP_ELEMENTDATAARRAY_H
+#define INP_ELEMENTDATAARRAY_H
+
+#include "cow_1DArrayList.h"
+#include "cow_Map.h"
+#include "inp_DataArray.h"
+#include "inp_Element.h"
+#include "omi_IntTable.h"
+
+class inp_ElementDataArrayImpl : public inp_DataArrayImpl {
+public:
+    // The same lines, each item read as an integer; a blank or non-numeric item is 0.
+    explicit inp_ElementDataArrayImpl(const inp_DataArray& raw);
+    // One element per map entry, in the map's iteration order.
+    explicit inp_ElementDataArrayImpl(const cow_Map<int, cow_1DArrayList<int>>& connectivity);
+    // One element per id in list order, its nodes from the table; ids the table does not
+    // hold are left out.
+    inp_ElementDataArrayImpl(const cow_1DArrayList<int>& ids, const omi_IntTable<inp_Element>& elements);
+    inp_ElementDataArrayImpl(const inp_ElementDataArrayImpl& other);
+    inp_ElementDataArrayImpl& operator=(const inp_ElementDataArrayImpl&) = delete;
+    ~inp_ElementDataArrayImpl() override;
+
+    int NumberOfLines() const override;
+    int NumberOfItems(int line) const override;
+    inp_Types::typeEnm Type(int line, int item) const override;
+    bool IsBlank(int line, int item) const override;
+    bool HasValue(int line, int item) const override;
+    int AsInt(int line, int item) const override;
+    double AsDouble(int line, int item) const override;
+    // Decimal, a blank position as 0.
+    cow_String AsString(int line, int item) const override;
+    cow_String AsStringVerbatim(int line, int item) const override;
+    // Only integers can be stored.
+    void Set(int line, int item, const cow_String& text) override;
+    void Set(int line, int item, double value) override;
+    void Set(int line, int item, int value) override;
+    void Append(const char* line) override;
+    bool LastItemIsBlank(int line) const override;
+    inp_DataArrayImpl* Clone() const override;
+
+    // The number of lines an element of n nodes takes in the layout above.
+    static int LinesFor(int numNodes);
+
+protected:
+    int nrows;
+    int* ncols;  // items per line
+    int** rows;  // one array of ncols[i] values per line
+
+private:
+    // Allocates the two arrays for `size` lines, the lines not yet.
+    void AllocateArrays(int size);
+    // Allocates line i with room for `items` values.
+    int* NewLine(int i, int items);
+    void Release();
+    // Lays out one element from line nrows on; NodeAt(k) gives its node k.
+    template <class NodeAt>
+    void AddElement(int id, int numNodes, NodeAt nodeAt);
+    // Checks both indices; the names are those of the assertion texts.
+    void CheckItem(int i, int j) const;
+};
+
+#endif
