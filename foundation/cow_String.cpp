@@ -55,9 +55,20 @@ atr_StringBase::atr_StringBase(int value) : m_chars(nullptr), m_hdr(nullptr) {
     Assign(buf, n);
 }
 
+// The shortest text that reads back to the same double, with a point when it would
+// otherwise look like an integer, so that a printed deck reads its doubles back as
+// doubles: 0.1 and not 0.10000000000000001, 1000. and not 1000.
 atr_StringBase::atr_StringBase(double value) : m_chars(nullptr), m_hdr(nullptr) {
-    char buf[40];
-    int n = std::snprintf(buf, sizeof buf, "%.17g", value);
+    char buf[48];
+    int n = 0;
+    for (int digits = 15; digits <= 17; ++digits) {
+        n = std::snprintf(buf, sizeof buf - 1, "%.*g", digits, value);
+        if (std::strtod(buf, nullptr) == value) break;
+    }
+    if (std::strspn(buf + (buf[0] == '-'), "0123456789") == static_cast<size_t>(n - (buf[0] == '-'))) {
+        buf[n++] = '.';
+        buf[n] = '\0';
+    }
     Assign(buf, n);
 }
 

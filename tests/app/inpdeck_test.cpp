@@ -87,7 +87,7 @@ TEST(Driver, IncludeDirectoryDefaultsToTheDeckDirectory) {
     EXPECT_EQ(here.out, "*heading\n");
     DriverRun lib = RunDriver(dir, "-I " + Quoted(dir / "lib") + " -p - " + Quoted(deck));
     EXPECT_EQ(lib.status, 0) << lib.err;
-    EXPECT_EQ(lib.out, "*node\n1, 0., 0., 0.\n");
+    EXPECT_EQ(lib.out, "*node\n1, 0., 0., 0., 0., 0., 0.\n");
 }
 
 TEST(Driver, UsageAndFileErrorsExitWithTwo) {

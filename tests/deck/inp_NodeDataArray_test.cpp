@@ -140,11 +140,11 @@ TEST(NodeDataArray, OperationsThePackedFormCannotDo) {
 
 TEST(NodeDataArray, PrintedLinesReadBackToTheSameValues) {
     inp_DataArray data = Packed({"7, 2.0, 0.1, -2.5e10, 1e-300, 0.3333333333333333, 123456.789"});
-    EXPECT_EQ(Printed(data, 0), "7, 2, 0.10000000000000001, -25000000000, 1e-300, 0.33333333333333331, 123456.789");
+    EXPECT_EQ(Printed(data, 0), "7, 2., 0.1, -25000000000., 1e-300, 0.3333333333333333, 123456.789");
     inp_DataArray again = Packed({Printed(data, 0).c_str()});
     for (int j = 1; j < 7; ++j) EXPECT_EQ(again.AsDouble(0, j), data.AsDouble(0, j)) << "item " << j;
     EXPECT_EQ(again.AsInt(0, 0), 7);
-    EXPECT_EQ(Printed(Packed({"3, 1"}), 0), "3, 1, 0, 0, 0, 0, 0");
+    EXPECT_EQ(Printed(Packed({"3, 1"}), 0), "3, 1., 0., 0., 0., 0., 0.");
     EXPECT_EQ(data.AsStringVerbatim(0, 2), data.AsString(0, 2));
 }
 

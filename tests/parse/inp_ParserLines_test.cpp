@@ -171,7 +171,7 @@ TEST(ParserLines, ParametersAreTypedAndKeyedByTheirCanonicalName) {
         {"*NSET, ,, A", "*nset, a\n", false},
         {"*NSET, NAME=\"a,b=c\"", "*nset, name=\"a,b=c\"\n", false},
         {"*NSET, MY PARAM = 5", "*nset, myparam=5\n", false},
-        {"*NSET, NLGEOM=, X, Y = 1.5, Z=1d3, W=E5", "*nset, nlgeom, x, z=1000, y=1.5, w=E5\n", false},
+        {"*NSET, NLGEOM=, X, Y = 1.5, Z=1d3, W=E5", "*nset, nlgeom, x, z=1000., y=1.5, w=E5\n", false},
         {"*NSET, \"A\"=1",
          "Problem when parsing keyword: NSET     Invalid parameter: \"A\"=1. The parameter may be misspelled, "
          "obsolete, or invalid.",

@@ -121,7 +121,7 @@ TEST(Expansion, RequiredParametersBlankTheirKeyword) {
     TempDir dir;
     Expanded r;
     Expand(dir, "*NSET, GENERATE\n1, 5, 1\n*NODE\n1, 0., 0., 0.\n", r);
-    EXPECT_EQ(r.printed, "*node\n1, 0., 0., 0.\n");
+    EXPECT_EQ(r.printed, "*node\n1, 0., 0., 0., 0., 0., 0.\n");
     EXPECT_EQ(r.records, std::vector<std::string>{"E1: in keyword *NSET, file \"F\", line 1: The NSET parameter is "
                                                   "required."});
 
@@ -256,6 +256,17 @@ TEST(Expansion, LiteralEofAndFailedConversionsBlankTheKeyword) {
     EXPECT_EQ(inp_test::ToVector(v.errors),
               std::vector<std::string>{"in keyword *EOF The *EOF keyword is not part of the input language; it is "
                                        "ignored."});
+}
+
+TEST(Expansion, NodeDataIsPackedAndABadNodeBlockIsDropped) {
+    TempDir dir;
+    Expanded r;
+    Expand(dir, "*NODE, NSET=A\n1, 1.5D2\n*NODE\n1, abc, 0\n2, 1.x, 0\n*NODE\n12.5, 0.\n*HEADING\n", r);
+    EXPECT_EQ(r.printed, "*node, nset=A\n1, 150., 0., 0., 0., 0., 0.\n*heading\n");
+    EXPECT_EQ(r.records,
+              (std::vector<std::string>{"E1: in keyword *NODE, file \"F\", line 3: Invalid nodal coordinate values "
+                                        "were specified for the following nodes: 1 2",
+                                        "E1: in keyword *NODE, file \"F\", line 6: Node label is not an integer: 12.5"}));
 }
 
 TEST(Expansion, ExplicitDynamicWithRigidSurfacesIsFatalForTheDeckKind) {

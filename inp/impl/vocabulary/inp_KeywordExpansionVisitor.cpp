@@ -5,6 +5,7 @@
 #include <string>
 
 #include "inp_DataArray.h"
+#include "inp_NodeDataArray.h"
 #include "inp_Utils.h"
 #include "nex_Exception.h"
 #include "utl_FilePath.h"
@@ -489,5 +490,7 @@ void inp_KeywordExpansionVisitor::VisitNmap(inp_Keyword& keyword) {
 void inp_KeywordExpansionVisitor::VisitNode(inp_Keyword& keyword) {
     ApplyRule(keyword);
     if (keyword.keyword == inp_kwUndefined) return;
-    // Packing comes with the node data array.
+    // The one place node data is packed: every later pass reads labels and coordinates
+    // from it. A bad label or coordinate raises, and Visit reports it and drops the keyword.
+    keyword.data = inp_DataArray(new inp_NodeDataArrayImpl(keyword.data));
 }
