@@ -29,8 +29,11 @@ const char kUsage[] =
     "  -p FILE             write the deck in normal form to FILE (\"-\": standard output)\n"
     "  -I DIR              look for include files in DIR when the current directory\n"
     "                      does not hold them (default: the directory of DECK)\n"
-    "  --stop-after PHASE  stop after PHASE; phases in order: parse, expand. A phase\n"
-    "                      that reports a fatal error (error[0]) is the last one run\n"
+    "  --stop-after PHASE  stop after PHASE; phases in order: parse, expand, organize.\n"
+    "                      A phase that reports a fatal error (error[0]) is the last\n"
+    "                      one run\n"
+    "  --tree              show the keywords on standard output as the last phase left\n"
+    "                      them, one a line, each suboption two blanks further in\n"
     "  keyword NAME        resolve a keyword name as a deck line would (any case, blanks\n"
     "                      ignored, unique abbreviations allowed) and show its canonical\n"
     "                      name, value, the keywords that may hold it and its suboptions\n"
@@ -48,6 +51,7 @@ struct Phase {
 const Phase kPhases[] = {
     {"parse", [](inp_Deck& deck, const char* file) { deck.Parse(file); }},
     {"expand", [](inp_Deck& deck, const char*) { deck.ExpandKeywords(); }},
+    {"organize", [](inp_Deck& deck, const char*) { deck.ReorganizeKeywords(false); }},
     {nullptr, nullptr},
 };
 
@@ -96,6 +100,7 @@ struct Options {
     const char* printTo = nullptr;
     const char* includeDirectory = nullptr;
     const char* stopAfter = nullptr;  // the last phase
+    bool tree = false;
 };
 
 // Why the deck file cannot be read, or null when it can.
@@ -157,6 +162,18 @@ int ReportSink(const char* deck, const inp_Deck& model, double seconds) {
     return sink.ErrorCount() > 0 ? 1 : 0;
 }
 
+// `*NAME, file "x", line n` as messages name a keyword, indented by depth.
+void PrintTree(const cow_1DArrayList<inp_Keyword>& keywords, int depth) {
+    for (int i = 0; i < keywords.Count(); ++i) {
+        const inp_Keyword& k = keywords.ConstGet(i);
+        std::printf("%*s*%s", 2 * depth, "", k.Name().ToUpper().c_str());
+        if (!k.fileName.IsEmpty()) std::printf(", file \"%s\"", k.fileName.c_str());
+        if (k.lineNumber != 0) std::printf(", line %d", k.lineNumber);
+        std::printf("\n");
+        PrintTree(k.suboptions, depth + 1);
+    }
+}
+
 int PrintDeck(inp_Deck& model, const char* target) {
     if (!std::strcmp(target, "-")) {
         aio_ostdstream out(stdout);
@@ -210,6 +227,7 @@ int RunDeck(const Options& options) {
     timer.Stop();
 
     int status = ReportSink(options.deck, model, timer.GetElapsedTime());
+    if (options.tree) PrintTree(model.keywords, 0);
     if (options.printTo) {
         int printed = PrintDeck(model, options.printTo);
         if (printed) status = printed;
@@ -248,6 +266,8 @@ int Run(int argc, char** argv) {
         if (!optionsEnded && arg[0] == '-' && arg[1] != '\0') {
             if (!std::strcmp(arg, "--")) {
                 optionsEnded = true;
+            } else if (!std::strcmp(arg, "--tree")) {
+                options.tree = true;
             } else if (!std::strcmp(arg, "-p") || !std::strcmp(arg, "-I") || !std::strcmp(arg, "--stop-after")) {
                 if (i + 1 >= argc) return UsageError("missing value after ", arg);
                 const char* value = argv[++i];

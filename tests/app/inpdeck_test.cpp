@@ -90,6 +90,34 @@ TEST(Driver, IncludeDirectoryDefaultsToTheDeckDirectory) {
     EXPECT_EQ(lib.out, "*node\n1, 0., 0., 0., 0., 0., 0.\n");
 }
 
+TEST(Driver, TreeShowsTheDeckAsTheLastPhaseLeftIt) {
+    TempDir dir;
+    const std::string deck = dir.Write("a.inp",
+                                       "*HEADING\n*PART, NAME=P\n*NODE\n1, 0., 0., 0.\n*END PART\n*ASSEMBLY, NAME=A\n"
+                                       "*INSTANCE, NAME=I, PART=P\n*END INSTANCE\n*END ASSEMBLY\n*STEP\n*STATIC\n"
+                                       "*END STEP\n*MATERIAL\n");
+    const std::string at = ", file \"" + deck + "\", line ";
+    DriverRun r = RunDriver(dir, "--tree " + Quoted(deck));
+    EXPECT_EQ(r.status, 1);
+    EXPECT_EQ(r.out, "*HEADING" + at + "1\n*PART" + at + "2\n  *NODE" + at + "3\n*ENDPART" + at + "5\n*ASSEMBLY" +
+                         at + "6\n  *INSTANCE" + at + "7\n  *ENDINSTANCE" + at + "8\n*ENDASSEMBLY" + at + "9\n*STEP" +
+                         at + "10\n  *STATIC" + at + "11\n*ENDSTEP" + at + "12\n");
+    std::vector<std::string> lines = Lines(r.err);
+    ASSERT_EQ(lines.size(), 3u) << r.err;
+    EXPECT_EQ(lines[0], "error[1]: in keyword *MATERIAL" + at +
+                            "13: The keyword is misplaced. It can be suboption for the following keyword(s)/level(s): "
+                            "model");
+    EXPECT_EQ(lines[1], "error[0]: Serious errors were detected in the input file or parts/assembly structure.");
+
+    DriverRun expanded = RunDriver(dir, "--stop-after expand --tree " + Quoted(deck));
+    EXPECT_EQ(expanded.status, 0) << expanded.err;
+    // Flat before the organizer: every keyword, the misplaced one too, at the top.
+    lines = Lines(expanded.out);
+    ASSERT_EQ(lines.size(), 12u) << expanded.out;
+    EXPECT_EQ(lines[2], "*NODE" + at + "3");
+    EXPECT_EQ(lines[11], "*MATERIAL" + at + "13");
+}
+
 TEST(Driver, UsageAndFileErrorsExitWithTwo) {
     TempDir dir;
     const std::string deck = dir.Write("ok.inp", "*HEADING\n");

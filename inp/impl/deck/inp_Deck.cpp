@@ -1,6 +1,7 @@
 #include "inp_Deck.h"
 
 #include "inp_KeywordExpansionVisitor.h"
+#include "inp_Organizer.h"
 #include "inp_Parser.h"
 #include "inp_Utils.h"
 #include "omi_Timer.h"
@@ -45,6 +46,16 @@ void inp_Deck::ExpandKeywords() {
     RemoveEmptyKeywords();
     timer.Stop();
     inp_Utils::TimingLine(__FILE__, __LINE__, "Expand Keywords - Elapsed time: ", timer);
+}
+
+void inp_Deck::ReorganizeKeywords(bool /*fullConversion*/) {
+    if (isAssemblyDeck) Reorganize();
+}
+
+void inp_Deck::Reorganize() {
+    inp_Organizer organizer(keywords);
+    keywords = organizer.Organize();
+    RemoveEmptyKeywords();
 }
 
 void inp_Deck::RemoveEmptyKeywords() {

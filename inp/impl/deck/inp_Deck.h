@@ -41,6 +41,14 @@ public:
     // this is an assembly deck. What it finds goes to the error sink; keywords it had
     // to drop are gone from the list.
     void ExpandKeywords();
+    // Turns the expanded list into the deck hierarchy: each keyword under the one that
+    // owns it, misplaced keywords reported and dropped. For now only an assembly deck
+    // is organized. A flat deck keeps its list: it has to become one part and one
+    // instance first, or its nodes and elements would all be out of place at the top
+    // level. That conversion, the import and name checks ahead of the organizer and
+    // the scoped-name rewrite behind it join this operation later; `fullConversion`
+    // will select the form of the conversion.
+    void ReorganizeKeywords(bool fullConversion);
     // Writes the normal form of the deck, which Parse reads back to the same keywords.
     void Print(aio_ostream& out);
 
@@ -92,6 +100,8 @@ public:
     inp_ModelParameters modelParameters;
 
 private:
+    // The organizer on a copy of `keywords`, whose result the deck takes.
+    void Reorganize();
     // Drops the blank keywords (value 0) that passes leave where they removed one;
     // the top level only.
     void RemoveEmptyKeywords();
