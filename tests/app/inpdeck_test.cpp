@@ -95,7 +95,7 @@ TEST(Driver, TreeShowsTheDeckAsTheLastPhaseLeftIt) {
     const std::string deck = dir.Write("a.inp",
                                        "*HEADING\n*PART, NAME=P\n*NODE\n1, 0., 0., 0.\n*END PART\n*ASSEMBLY, NAME=A\n"
                                        "*INSTANCE, NAME=I, PART=P\n*END INSTANCE\n*END ASSEMBLY\n*STEP\n*STATIC\n"
-                                       "*END STEP\n*MATERIAL\n");
+                                       "*END STEP\n*MATERIAL, NAME=M\n");
     const std::string at = ", file \"" + deck + "\", line ";
     DriverRun r = RunDriver(dir, "--tree " + Quoted(deck));
     EXPECT_EQ(r.status, 1);
