@@ -104,6 +104,17 @@ inline inp_Keyword Make(inp_KeywordEnm value, const Params& params = {}) {
     return k;
 }
 
+// A message about a keyword built in code, which has no file and no line.
+inline std::string In(const char* upperName, const std::string& text) {
+    return std::string("in keyword *") + upperName + " " + text;
+}
+
+// A parameter's value as text, or "<absent>".
+inline std::string Value(const inp_Keyword& k, const char* name) {
+    const inp_Item* item = k.parameters.Lookup(cow_String(name));
+    return item ? item->AsString().c_str() : "<absent>";
+}
+
 // A parser as inp_Deck::Parse builds it, or, with `parent`, as an *INCLUDE in that
 // file would build it for a child.
 inline ParseResult ParseFile(const std::string& path, bool strict = true, const std::string& includeDirectory = "",

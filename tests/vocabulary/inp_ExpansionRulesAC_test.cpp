@@ -23,14 +23,9 @@ std::vector<std::string> Expand(inp_Keyword& k) {
     return Texts(v.errors);
 }
 
-std::string In(const char* upperName, const std::string& text) {
-    return std::string("in keyword *") + upperName + " " + text;
-}
+using inp_test::In;
 
-std::string Value(const inp_Keyword& k, const char* name) {
-    const inp_Item* item = k.parameters.Lookup(cow_String(name));
-    return item ? item->AsString().c_str() : "<absent>";
-}
+using inp_test::Value;
 
 std::string UpperName(inp_KeywordEnm value) {
     cow_String name = inp_Keyword(value).Name();

@@ -17,13 +17,9 @@ using inp_test::Make;
 
 std::vector<std::string> Texts(const cow_List<atr_String>& list) { return inp_test::ToVector(list); }
 
-// The location prefix of a keyword made in code, which has no file and no line.
-std::string In(const char* name, const std::string& text) { return std::string("in keyword *") + name + " " + text; }
+using inp_test::In;
 
-std::string Value(const inp_Keyword& k, const char* name) {
-    const inp_Item* item = k.parameters.Lookup(cow_String(name));
-    return item ? item->AsString().c_str() : "<absent>";
-}
+using inp_test::Value;
 
 const char* const kShortFiber =
     "Type=SHORTFIBER (used for CMOLD) is currently not supported in a model defined in terms of an assembly of part "

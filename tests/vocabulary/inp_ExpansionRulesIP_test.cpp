@@ -19,13 +19,9 @@ using inp_test::Make;
 
 std::vector<std::string> Texts(const cow_List<atr_String>& list) { return inp_test::ToVector(list); }
 
-// The text as a keyword built in code reports it: no file, no line.
-std::string In(const char* keyword, const std::string& text) { return std::string("in keyword *") + keyword + " " + text; }
+using inp_test::In;
 
-std::string Parameter(const inp_Keyword& k, const char* name) {
-    const inp_Item* item = k.parameters.Lookup(cow_String(name));
-    return item ? item->AsString().c_str() : "<absent>";
-}
+std::string Parameter(const inp_Keyword& k, const char* name) { return inp_test::Value(k, name); }
 
 std::string Illegal(const char* value, const char* name) {
     return std::string("Illegal value \"") + value + "\" for parameter \"" + name +

@@ -16,15 +16,9 @@ using inp_test::Make;
 
 std::vector<std::string> Texts(const cow_List<atr_String>& list) { return inp_test::ToVector(list); }
 
-// The text a keyword built in code (no file, no line) carries in front of a message.
-std::string In(const char* upperName, const std::string& text) {
-    return std::string("in keyword *") + upperName + " " + text;
-}
+using inp_test::In;
 
-std::string Value(const inp_Keyword& k, const char* name) {
-    const inp_Item* item = k.parameters.Lookup(cow_String(name));
-    return item ? item->AsString().c_str() : "<missing>";
-}
+using inp_test::Value;
 
 const char* const kNotInAssembly =
     "The following option is currently not supported in a model defined in terms of an assembly of part instances: ";
