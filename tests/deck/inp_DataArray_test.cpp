@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 #include "inp_DataArray.h"
 #include "inp_Exceptions.h"
@@ -53,6 +54,39 @@ TEST(RawDataArray, ItemsAreCutAtCommasOutsideQuotes) {
 
     EXPECT_EQ(data.NumberOfItems(3), 2);
     EXPECT_EQ(data.AsString(3, 0), "\"A,B\"");
+}
+
+TEST(RawDataArray, AnOpenQuoteRunsToTheEndOfTheLine) {
+    const struct {
+        const char* line;
+        std::vector<std::string> items;
+    } cases[] = {
+        {"a\"b,c", {"a\"b,c"}},
+        {"\"a\",b,\"c,d", {"\"a\"", "b", "\"c,d"}},
+        {",,", {"", "", ""}},
+        {"\"\",\"", {"\"\"", "\""}},
+    };
+    for (const auto& c : cases) {
+        inp_DataArray data = ArrayOf({c.line});
+        ASSERT_EQ(data.NumberOfItems(0), static_cast<int>(c.items.size())) << c.line;
+        for (size_t j = 0; j < c.items.size(); ++j)
+            EXPECT_EQ(data.AsStringVerbatim(0, static_cast<int>(j)), c.items[j].c_str()) << c.line;
+    }
+}
+
+TEST(RawDataArray, RemoveLinesFromDropsTheTail) {
+    inp_RawDataArrayImpl raw;
+    for (const char* line : {"1, 2", "3", "4, 5, 6"}) raw.Append(line);
+    raw.RemoveLinesFrom(5);
+    EXPECT_EQ(raw.NumberOfLines(), 3);
+    raw.RemoveLinesFrom(1);
+    ASSERT_EQ(raw.NumberOfLines(), 1);
+    EXPECT_EQ(raw.AsString(0, 1), "2");
+    raw.Append("7");
+    EXPECT_EQ(raw.NumberOfLines(), 2);
+    EXPECT_EQ(raw.AsString(1, 0), "7");
+    raw.RemoveLinesFrom(0);
+    EXPECT_EQ(raw.NumberOfLines(), 0);
 }
 
 TEST(RawDataArray, VerbatimAndNormalisedForms) {

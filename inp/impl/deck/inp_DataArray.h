@@ -71,6 +71,9 @@ public:
     bool LastItemIsBlank(int line) const override;
     inp_DataArrayImpl* Clone() const override;
 
+    // Drops lines `line` and behind; the parser takes back what a failed file gave.
+    void RemoveLinesFrom(int line);
+
     // A quick guess whether a text is a number, looser than the patterns: it tells
     // numbers from names and validates nothing (`1-5` and `.` pass as doubles).
     static inp_Types::typeEnm Type(const char* text);
