@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "aio_ostream.h"
 #include "inp_DataArray.h"
 #include "inp_Exceptions.h"
 #include "nex_Exception.h"
@@ -87,6 +88,40 @@ TEST(RawDataArray, RemoveLinesFromDropsTheTail) {
     EXPECT_EQ(raw.AsString(1, 0), "7");
     raw.RemoveLinesFrom(0);
     EXPECT_EQ(raw.NumberOfLines(), 0);
+}
+
+TEST(RawDataArray, PrintLineWritesTheAsStringFormOfEachItem) {
+    // The raw array writes lines without making a string per item; what it writes must
+    // be what the item-by-item form gives, on short lines and on lines past its buffer.
+    const std::string longItem(700, 'x');
+    std::string manyItems;
+    for (int k = 0; k < 300; ++k) manyItems += " a b ,";
+    const std::vector<std::string> lines = {
+        "1, 2.5e3, -3",
+        "",
+        " , ,",
+        "  my_Set ,\t\"my set\" , a b\r,\"open b ",
+        "n1, \"q,uo ted\", tail",
+        longItem + ", " + longItem,
+        "a, " + longItem + "b",
+        manyItems,
+    };
+    inp_RawDataArrayImpl raw;
+    for (const std::string& line : lines) raw.Append(line.c_str());
+    raw.Set(0, 5, cow_String("six\nline"));
+    for (int i = 0; i < raw.NumberOfLines(); ++i) {
+        aio_ostringstream fast, itemwise;
+        raw.PrintLine(i, fast);
+        raw.inp_DataArrayImpl::PrintLine(i, itemwise);
+        fast.flush();
+        itemwise.flush();
+        EXPECT_STREQ(fast.str().c_str(), itemwise.str().c_str()) << "line " << i;
+    }
+    aio_ostringstream first;
+    raw.PrintLine(0, first);
+    first.flush();
+    // An item's AsString ends at a line break, which it keeps.
+    EXPECT_STREQ(first.str().c_str(), "1, 2.5E3, -3, , , SIX\n");
 }
 
 TEST(RawDataArray, VerbatimAndNormalisedForms) {

@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "aio_ostream.h"
 #include "inp_Exceptions.h"
 #include "nex_Exception.h"
 
@@ -62,6 +63,14 @@ cow_String StripBlanks(const char* text) {
 cow_String StripBlanks(const cow_String& text) { return StripBlanksOf(text.c_str(), text.Length(), false); }
 
 inp_DataArrayImpl::~inp_DataArrayImpl() = default;
+
+void inp_DataArrayImpl::PrintLine(int line, aio_ostream& out) const {
+    const int items = NumberOfItems(line);
+    for (int j = 0; j < items; ++j) {
+        if (j > 0) out.print(", ");
+        out << AsString(line, j);
+    }
+}
 
 inp_RawDataArrayImpl::inp_RawDataArrayImpl()
     : nrows(0), allocatedSize(kInitialRows), rows(nullptr), ncols(nullptr) {
@@ -269,6 +278,39 @@ void inp_RawDataArrayImpl::Append(const char* text) {
 bool inp_RawDataArrayImpl::LastItemIsBlank(int i) const {
     NEX_ASSERT(i >= 0 && i < nrows);
     return IsBlank(i, ncols[i] - 1);
+}
+
+// The AsString form of each item, built in a buffer on the stack: the printer writes
+// every line of a deck, and a string per item was most of its time.
+void inp_RawDataArrayImpl::PrintLine(int line, aio_ostream& out) const {
+    NEX_ASSERT(line >= 0 && line < nrows);
+    char buffer[512];
+    int used = 0;
+    const char* item = rows[line];
+    for (int j = 0; j < ncols[line]; ++j) {
+        const char* p = item;
+        const char* end = p + std::strlen(p);
+        item = end + 1;
+        while (p < end && (*p == ' ' || *p == '\t')) ++p;
+        while (end > p && (end[-1] == ' ' || end[-1] == '\t')) --end;
+        const int n = static_cast<int>(end - p);
+        if (used + n + 2 > static_cast<int>(sizeof buffer)) {
+            out.write(buffer, static_cast<size_t>(used));
+            used = 0;
+        }
+        if (j > 0) {
+            buffer[used++] = ',';
+            buffer[used++] = ' ';
+        }
+        if (used + n <= static_cast<int>(sizeof buffer)) {
+            used += StripBlanksCopy(p, n, buffer + used, true);
+        } else {
+            out.write(buffer, static_cast<size_t>(used));
+            used = 0;
+            out << StripBlanksOf(p, n, true);
+        }
+    }
+    out.write(buffer, static_cast<size_t>(used));
 }
 
 void inp_RawDataArrayImpl::RemoveLinesFrom(int line) {

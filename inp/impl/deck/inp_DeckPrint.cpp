@@ -54,11 +54,7 @@ void inp_Keyword::Print(aio_ostream& out, bool recursive) const {
 
     const int lines = data.NumberOfLines();
     for (int i = 0; i < lines; ++i) {
-        const int items = data.NumberOfItems(i);
-        for (int j = 0; j < items; ++j) {
-            if (j > 0) out.print(", ");
-            out << data.AsString(i, j);
-        }
+        data.PrintLine(i, out);
         out.put('\n');
         out.flush();
     }
