@@ -52,15 +52,19 @@ inline std::string WriteDeck(const std::string& dir, const std::uint8_t* data, s
 }
 
 // Reads the deck down every phase. The sink is emptied first: it is per thread and
-// would otherwise grow with every input of a long run. Gives how many records the
-// road left in the sink.
-inline int RunDeck(const std::string& dir, const std::uint8_t* data, std::size_t size) {
+// would otherwise grow with every input of a long run. `afterPhase`, if given, sees
+// the sink after each phase. Gives how many records the road left in the sink.
+inline int RunDeck(const std::string& dir, const std::uint8_t* data, std::size_t size,
+                   void (*afterPhase)(const inp_phases::Phase&, const wip_WIP&) = nullptr) {
     const std::string deckPath = WriteDeck(dir, data, size);
     wip_WIP& sink = thr_ThreadSingleton<wip_WIP>::Instance();
     sink.Clear();
     inp_Deck deck;
     deck.includeDirectory = cow_String(dir.c_str());
-    for (int i = 0; i < inp_phases::kDeckPhaseCount; ++i) inp_phases::kDeckPhases[i].run(deck, deckPath.c_str());
+    for (int i = 0; i < inp_phases::kDeckPhaseCount; ++i) {
+        inp_phases::kDeckPhases[i].run(deck, deckPath.c_str());
+        if (afterPhase) afterPhase(inp_phases::kDeckPhases[i], sink);
+    }
     return sink.Count();
 }
 
