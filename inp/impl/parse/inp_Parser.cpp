@@ -252,6 +252,9 @@ cow_1DArrayList<inp_Keyword> inp_Parser::Parse(bool strict) {
         m_leadingText.clear();
         m_leadingCount = 0;
         if (m_leadingRaw) m_leadingRaw->RemoveLinesFrom(m_leadingTargetLines);
+    } catch (const inp_MemoryException&) {
+        // A leading line that found no room in the keyword it streams into.
+        ++m_memoryErrors;
     } catch (const std::bad_alloc&) {
         ++m_memoryErrors;
     }
