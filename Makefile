@@ -5,8 +5,12 @@ JOBS       ?= $(shell nproc 2>/dev/null || echo 2)
 EXAMPLE    ?= examples/beam.inp
 RUN_ARGS   ?= $(EXAMPLE)
 CMAKE_GEN  := $(shell command -v ninja >/dev/null 2>&1 && echo "-G Ninja")
+FUZZ_BUILD ?= build-fuzz
+FUZZ_SECONDS ?= 60
+FUZZ_JOBS  ?= 1
+BENCH_ARGS ?=
 
-.PHONY: all build run test asan clean
+.PHONY: all build run test asan bench fuzz clean
 
 all: build
 
@@ -28,5 +32,27 @@ asan:
 	cd $(ASAN_BUILD) && ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
 	  ctest --output-on-failure -j $(JOBS)
 
+# Generates decks of 20^3, 50^3 and 100^3 elements under $(BUILD)/bench, times each
+# phase against a plain fgets/strtod reader of the same file, prints the table and
+# writes it to docs/performance.md. Optimised build, whatever $(BUILD) was made with.
+bench: | $(BUILD)/build.ninja
+	cmake -S . -B $(BUILD) -DCMAKE_BUILD_TYPE=RelWithDebInfo
+	cmake --build $(BUILD) -j $(JOBS) --target inp_bench
+	./$(BUILD)/inp_bench $(BENCH_ARGS)
+
+# libFuzzer with ASan and UBSan, clang only. New inputs collect in $(FUZZ_BUILD)/corpus;
+# findings land in $(FUZZ_BUILD)/artifacts. Paths are absolute because the target
+# works in a directory of its own.
+fuzz:
+	cmake -S . -B $(FUZZ_BUILD) $(CMAKE_GEN) -DCMAKE_BUILD_TYPE=RelWithDebInfo \
+	  -DCMAKE_CXX_COMPILER=clang++ -DINP_FUZZ=ON
+	cmake --build $(FUZZ_BUILD) -j $(JOBS) --target inp_fuzz_deck
+	mkdir -p $(FUZZ_BUILD)/corpus $(FUZZ_BUILD)/artifacts
+	cd $(FUZZ_BUILD) && ASAN_OPTIONS=detect_leaks=1 $(CURDIR)/$(FUZZ_BUILD)/inp_fuzz_deck \
+	  -max_total_time=$(FUZZ_SECONDS) -jobs=$(FUZZ_JOBS) -workers=$(FUZZ_JOBS) \
+	  -timeout=10 -rss_limit_mb=4096 -max_len=8192 -print_final_stats=1 \
+	  -artifact_prefix=$(CURDIR)/$(FUZZ_BUILD)/artifacts/ \
+	  $(CURDIR)/$(FUZZ_BUILD)/corpus $(CURDIR)/fuzz/seeds $(CURDIR)/examples $(CURDIR)/tests/fuzz-corpus
+
 clean:
-	rm -rf $(BUILD) $(ASAN_BUILD)
+	rm -rf $(BUILD) $(ASAN_BUILD) $(FUZZ_BUILD)

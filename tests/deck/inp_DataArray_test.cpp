@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
+#include "aio_ostream.h"
 #include "inp_DataArray.h"
 #include "inp_Exceptions.h"
 #include "nex_Exception.h"
@@ -40,6 +42,73 @@ TEST(RawDataArray, ItemsAreCutAtCommasOutsideQuotes) {
 
     EXPECT_EQ(data.NumberOfItems(3), 2);
     EXPECT_EQ(data.AsString(3, 0), "\"A,B\"");
+}
+
+TEST(RawDataArray, AnOpenQuoteRunsToTheEndOfTheLine) {
+    const struct {
+        const char* line;
+        std::vector<std::string> items;
+    } cases[] = {
+        {"a\"b,c", {"a\"b,c"}},
+        {"\"a\",b,\"c,d", {"\"a\"", "b", "\"c,d"}},
+        {",,", {"", "", ""}},
+        {"\"\",\"", {"\"\"", "\""}},
+    };
+    for (const auto& c : cases) {
+        inp_DataArray data = ArrayOf({c.line});
+        ASSERT_EQ(data.NumberOfItems(0), static_cast<int>(c.items.size())) << c.line;
+        for (size_t j = 0; j < c.items.size(); ++j)
+            EXPECT_EQ(data.AsStringVerbatim(0, static_cast<int>(j)), c.items[j].c_str()) << c.line;
+    }
+}
+
+TEST(RawDataArray, RemoveLinesFromDropsTheTail) {
+    inp_RawDataArrayImpl raw;
+    for (const char* line : {"1, 2", "3", "4, 5, 6"}) raw.Append(line);
+    raw.RemoveLinesFrom(5);
+    EXPECT_EQ(raw.NumberOfLines(), 3);
+    raw.RemoveLinesFrom(1);
+    ASSERT_EQ(raw.NumberOfLines(), 1);
+    EXPECT_EQ(raw.AsString(0, 1), "2");
+    raw.Append("7");
+    EXPECT_EQ(raw.NumberOfLines(), 2);
+    EXPECT_EQ(raw.AsString(1, 0), "7");
+    raw.RemoveLinesFrom(0);
+    EXPECT_EQ(raw.NumberOfLines(), 0);
+}
+
+TEST(RawDataArray, PrintLineWritesTheAsStringFormOfEachItem) {
+    // The raw array writes lines without making a string per item; what it writes must
+    // be what the item-by-item form gives, on short lines and on lines past its buffer.
+    const std::string longItem(700, 'x');
+    std::string manyItems;
+    for (int k = 0; k < 300; ++k) manyItems += " a b ,";
+    const std::vector<std::string> lines = {
+        "1, 2.5e3, -3",
+        "",
+        " , ,",
+        "  my_Set ,\t\"my set\" , a b\r,\"open b ",
+        "n1, \"q,uo ted\", tail",
+        longItem + ", " + longItem,
+        "a, " + longItem + "b",
+        manyItems,
+    };
+    inp_RawDataArrayImpl raw;
+    for (const std::string& line : lines) raw.Append(line.c_str());
+    raw.Set(0, 5, cow_String("six\nline"));
+    for (int i = 0; i < raw.NumberOfLines(); ++i) {
+        aio_ostringstream fast, itemwise;
+        raw.PrintLine(i, fast);
+        raw.inp_DataArrayImpl::PrintLine(i, itemwise);
+        fast.flush();
+        itemwise.flush();
+        EXPECT_STREQ(fast.str().c_str(), itemwise.str().c_str()) << "line " << i;
+    }
+    aio_ostringstream first;
+    raw.PrintLine(0, first);
+    first.flush();
+    // An item's AsString ends at a line break, which it keeps.
+    EXPECT_STREQ(first.str().c_str(), "1, 2.5E3, -3, , , SIX\n");
 }
 
 TEST(RawDataArray, VerbatimAndNormalisedForms) {

@@ -190,6 +190,31 @@ TEST(ParserInclude, EncipheredInputIsRefusedWithAMessage) {
     EXPECT_EQ(Printed(r.keywords), "*elset, elset=E\n");
 }
 
+TEST(ParserInclude, AFileThatFailsToDecipherTakesBackItsLeadingLines) {
+    // The include file's leading lines reach the keyword in front of the *INCLUDE while
+    // they are read; a file lost later must not leave them there.
+    const struct {
+        const char* include;
+        const char* printed;
+    } cases[] = {
+        {"2, 0.\n3, 0.\n", "*node\n1, 0.\n2, 0.\n3, 0.\n5, 0.\n*elset, elset=E\n"},
+        {"2, 0.\n3, 0.\n** encrypted input\n4, 0.\n", "*node\n1, 0.\n5, 0.\n*elset, elset=E\n"},
+        {"2, 0.\n*BOGUS\n** encrypted input\n*HEADING\n", "*node\n1, 0.\n5, 0.\n*elset, elset=E\n"},
+    };
+    for (const auto& c : cases) {
+        TempDir dir;
+        const std::string include = dir.Write("nodes.inc", c.include);
+        InDirectory here(dir.Path());
+        auto r = ParseFile(dir.Write("main.inp", "*NODE\n1, 0.\n*INCLUDE, INPUT=nodes.inc\n5, 0.\n*ELSET, ELSET=E\n"));
+        EXPECT_EQ(Printed(r.keywords), c.printed) << c.include;
+        const bool lost = std::string(c.include).find("encrypted") != std::string::npos;
+        EXPECT_EQ(r.fatal, lost ? std::vector<std::string>{"The encrypted input file, \"" + include +
+                                                             "\", requires a password."}
+                                : std::vector<std::string>{})
+            << c.include;
+    }
+}
+
 // A chain main -> f1 -> f2 ... -> f(n-1), each file with one keyword.
 std::string WriteChain(const TempDir& dir, int files) {
     for (int i = 1; i < files; ++i) {

@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "aio_ostream.h"
 #include "inp_Exceptions.h"
 #include "nex_Exception.h"
 
@@ -62,6 +63,20 @@ cow_String StripBlanks(const char* text) {
 cow_String StripBlanks(const cow_String& text) { return StripBlanksOf(text.c_str(), text.Length(), false); }
 
 inp_DataArrayImpl::~inp_DataArrayImpl() = default;
+
+// A first item whose normal form starts with `**` (`* * X`) would read back as a
+// comment; it is written as it was given, which reads back to the same item.
+void inp_DataArrayImpl::PrintLine(int line, aio_ostream& out) const {
+    const int items = NumberOfItems(line);
+    for (int j = 0; j < items; ++j) {
+        cow_String item = AsString(line, j);
+        if (j > 0)
+            out.print(", ");
+        else if (item.StartsWith("**"))
+            item = AsStringVerbatim(line, j);
+        out << item;
+    }
+}
 
 inp_RawDataArrayImpl::inp_RawDataArrayImpl()
     : nrows(0), allocatedSize(kInitialRows), rows(nullptr), ncols(nullptr) {
@@ -124,13 +139,23 @@ void inp_RawDataArrayImpl::StoreLine(int i, const char* text, int length) {
     std::memcpy(block, text, static_cast<size_t>(length));
     block[length] = '\0';
     int items = 1;
-    bool quoted = false;
-    for (int k = 0; k < length; ++k) {
-        if (block[k] == '"') {
-            quoted = !quoted;
-        } else if (block[k] == ',' && !quoted) {
-            block[k] = '\0';
+    char* const end = block + length;
+    if (!std::memchr(block, '"', static_cast<size_t>(length))) {
+        // The common line holds no quote, so every comma separates, and memchr finds
+        // them faster than a loop that looks at every byte.
+        for (char* p = block; (p = static_cast<char*>(std::memchr(p, ',', static_cast<size_t>(end - p)))); ++p) {
+            *p = '\0';
             ++items;
+        }
+    } else {
+        bool quoted = false;
+        for (char* p = block; p < end; ++p) {
+            if (*p == '"') {
+                quoted = !quoted;
+            } else if (*p == ',' && !quoted) {
+                *p = '\0';
+                ++items;
+            }
         }
     }
     rows[i] = block;
@@ -264,6 +289,51 @@ void inp_RawDataArrayImpl::Append(const char* text) {
 bool inp_RawDataArrayImpl::LastItemIsBlank(int i) const {
     NEX_ASSERT(i >= 0 && i < nrows);
     return IsBlank(i, ncols[i] - 1);
+}
+
+// The AsString form of each item, built in a buffer on the stack: the printer writes
+// every line of a deck, and a string per item was most of its time.
+void inp_RawDataArrayImpl::PrintLine(int line, aio_ostream& out) const {
+    NEX_ASSERT(line >= 0 && line < nrows);
+    char buffer[512];
+    int used = 0;
+    const char* item = rows[line];
+    for (int j = 0; j < ncols[line]; ++j) {
+        const char* p = item;
+        const char* end = p + std::strlen(p);
+        item = end + 1;
+        while (p < end && (*p == ' ' || *p == '\t')) ++p;
+        while (end > p && (end[-1] == ' ' || end[-1] == '\t')) --end;
+        const int n = static_cast<int>(end - p);
+        if (used + n + 2 > static_cast<int>(sizeof buffer)) {
+            out.write(buffer, static_cast<size_t>(used));
+            used = 0;
+        }
+        if (j > 0) {
+            buffer[used++] = ',';
+            buffer[used++] = ' ';
+        }
+        if (used + n <= static_cast<int>(sizeof buffer)) {
+            const int copied = StripBlanksCopy(p, n, buffer + used, true);
+            if (j == 0 && copied >= 2 && buffer[0] == '*' && buffer[1] == '*') {
+                std::memcpy(buffer, p, static_cast<size_t>(n));  // as given: see the base class
+                used = n;
+            } else {
+                used += copied;
+            }
+        } else {
+            out.write(buffer, static_cast<size_t>(used));
+            used = 0;
+            out << StripBlanksOf(p, n, true);
+        }
+    }
+    out.write(buffer, static_cast<size_t>(used));
+}
+
+void inp_RawDataArrayImpl::RemoveLinesFrom(int line) {
+    if (line < 0) line = 0;
+    for (int k = line; k < nrows; ++k) std::free(rows[k]);
+    if (line < nrows) nrows = line;
 }
 
 inp_DataArrayImpl* inp_RawDataArrayImpl::Clone() const { return new inp_RawDataArrayImpl(*this); }

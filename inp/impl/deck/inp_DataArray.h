@@ -18,6 +18,8 @@
 #include "cow_String.h"
 #include "inp_Types.h"
 
+class aio_ostream;
+
 class inp_DataArrayImpl {
 public:
     virtual ~inp_DataArrayImpl();
@@ -41,6 +43,9 @@ public:
     virtual bool LastItemIsBlank(int line) const = 0;
     // A new array of the same kind and contents; the caller owns it.
     virtual inp_DataArrayImpl* Clone() const = 0;
+    // Writes the line as the deck printer does: each item's AsString, ", " between
+    // them, no end of line. An array may write it without making the strings.
+    virtual void PrintLine(int line, aio_ostream& out) const;
 };
 
 // Lines as raw text. Each line is one heap block holding the text with every separating
@@ -70,6 +75,10 @@ public:
     void Append(const char* line) override;
     bool LastItemIsBlank(int line) const override;
     inp_DataArrayImpl* Clone() const override;
+    void PrintLine(int line, aio_ostream& out) const override;
+
+    // Drops lines `line` and behind; the parser takes back what a failed file gave.
+    void RemoveLinesFrom(int line);
 
     // A quick guess whether a text is a number, looser than the patterns: it tells
     // numbers from names and validates nothing (`1-5` and `.` pass as doubles).
@@ -122,6 +131,7 @@ public:
     void Append(const char* line) { SharedGet().Append(line); }
     bool LastItemIsBlank(int line) const { return SharedGet().LastItemIsBlank(line); }
     inp_DataArrayImpl* Clone() const { return SharedGet().Clone(); }
+    void PrintLine(int line, aio_ostream& out) const { SharedGet().PrintLine(line, out); }
 
     // The item when it exists, blank or not; otherwise the fallback in the same form
     // as an item, so that callers can read optional columns without asking first.

@@ -54,17 +54,7 @@ void inp_Keyword::Print(aio_ostream& out, bool recursive) const {
 
     const int lines = data.NumberOfLines();
     for (int i = 0; i < lines; ++i) {
-        const int items = data.NumberOfItems(i);
-        for (int j = 0; j < items; ++j) {
-            cow_String item = data.AsString(i, j);
-            if (j > 0)
-                out.print(", ");
-            else if (item.StartsWith("**"))
-                // `* * X` without its blanks would read back as a comment; as it was
-                // written it reads back as a data line with the same item.
-                item = data.AsStringVerbatim(i, j);
-            out << item;
-        }
+        data.PrintLine(i, out);
         out.put('\n');
         out.flush();
     }

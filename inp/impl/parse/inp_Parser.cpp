@@ -39,6 +39,13 @@ bool IsOneOf(const cow_String& key, const char* const* names) {
     return false;
 }
 
+// The marker may stand anywhere in a line. Data lines seldom hold a '*' at all, and
+// looking for one first is cheaper than looking for the marker in every line.
+bool HasEncryptedMarker(const char* line) {
+    const char* star = strchr(line, '*');
+    return star && strstr(star, kEncryptedMarker);
+}
+
 bool IsLineBlank(char c) { return c == ' ' || c == '\t' || c == '\r'; }
 bool IsSpace(char c) { return std::isspace(static_cast<unsigned char>(c)) != 0; }
 
@@ -87,6 +94,8 @@ inp_Parser::inp_Parser(const cow_String& fileName, const cow_String& includeDire
       m_keywords(enclosingFiles.IsEmpty() ? kExpectedKeywords : 0),
       m_enclosingFiles(enclosingFiles),
       m_leadingCount(0),
+      m_leadingRaw(nullptr),
+      m_leadingTargetLines(0),
       m_memoryErrors(0),
       m_couldNotOpen(false) {
     m_buffer[0] = '\0';
@@ -127,7 +136,7 @@ const char* inp_Parser::ReadLine() {
     // The limit bit, not the length of the text, tells that the line goes on: a line
     // with a NUL byte in it looks shorter than it was read.
     if (state & limitbit) DropRestOfLine();
-    if (m_hasPassword || strstr(m_buffer, kEncryptedMarker)) DecryptLine(m_buffer);
+    if (m_hasPassword || HasEncryptedMarker(m_buffer)) DecryptLine(m_buffer);
 
     char* begin = m_buffer;
     char* end = m_buffer + strlen(m_buffer);
@@ -174,6 +183,7 @@ void inp_Parser::SkipToKeyword(bool collect) {
     if (collect) {
         m_leadingText.clear();
         m_leadingCount = 0;
+        if (m_leadingRaw) m_leadingTargetLines = m_leadingRaw->NumberOfLines();
     }
     for (;;) {
         const char* line = ReadLine();
@@ -183,7 +193,10 @@ void inp_Parser::SkipToKeyword(bool collect) {
             return;
         }
         if (!collect || IsComment(line)) continue;
-        if (keep) m_leadingText.append(line, strlen(line) + 1);
+        if (keep && m_leadingRaw)
+            m_leadingRaw->Append(line);
+        else if (keep)
+            m_leadingText.append(line, strlen(line) + 1);
         ++m_leadingCount;
     }
 }
@@ -233,6 +246,10 @@ cow_1DArrayList<inp_Keyword> inp_Parser::Parse(bool strict) {
         m_keywords.ClearAll();
         m_leadingText.clear();
         m_leadingCount = 0;
+        if (m_leadingRaw) m_leadingRaw->RemoveLinesFrom(m_leadingTargetLines);
+    } catch (const inp_MemoryException&) {
+        // A leading line that found no room in the keyword it streams into.
+        ++m_memoryErrors;
     } catch (const std::bad_alloc&) {
         ++m_memoryErrors;
     }
@@ -439,11 +456,13 @@ cow_1DArrayList<inp_Keyword> inp_Parser::ParseInclude(const inp_Keyword& include
     // and stream state of each would otherwise sit in the frames.
     std::unique_ptr<inp_Parser> child(
         new inp_Parser(absolute, m_includeDirectory, m_enclosingFiles, password, m_checkHeader));
+    if (!m_keywords.IsEmpty()) child->StreamLeadingLinesTo(m_keywords.Last().data);
     cow_1DArrayList<inp_Keyword> keywords = child->Parse(strict);
     MergeChild(*child);
 
-    // Lines at the top of the include file continue the keyword in front of *INCLUDE.
-    // With no keyword in front, in this file, they are lost.
+    // Lines at the top of the include file continue the keyword in front of *INCLUDE;
+    // they went there while the child read them, unless that array was not raw. With
+    // no keyword in front, in this file, they are lost.
     if (!m_keywords.IsEmpty()) {
         inp_DataArray target = m_keywords.Last().data;
         const char* p = child->m_leadingText.data();
@@ -469,6 +488,14 @@ cow_1DArrayList<inp_Keyword> inp_Parser::ParseInclude(const inp_Keyword& include
         ReadData(target);
     }
     return keywords;
+}
+
+void inp_Parser::StreamLeadingLinesTo(const inp_DataArray& target) {
+    if (!target.HasValue()) return;
+    inp_RawDataArrayImpl* raw = dynamic_cast<inp_RawDataArrayImpl*>(&target.SharedGet());
+    if (!raw) return;
+    m_leadingTarget = target;
+    m_leadingRaw = raw;
 }
 
 void inp_Parser::MergeChild(inp_Parser& child) {

@@ -29,6 +29,7 @@
 #include "cow_List.h"
 #include "cow_Map.h"
 #include "cow_String.h"
+#include "inp_DataArray.h"
 #include "inp_Keyword.h"
 
 class inp_Parser : public aio_ifstream {
@@ -63,7 +64,8 @@ public:
     // Base names of this file's include files that were not found.
     const cow_1DArrayList<cow_String>& MissingFiles() const { return m_missingFiles; }
     // Data lines that stood before the first keyword of this file, comments left out.
-    // Kept for an include file only: a main file's leading lines have no taker.
+    // Kept for an include file only: a main file's leading lines have no taker. Empty
+    // when they went to a target of StreamLeadingLinesTo.
     cow_1DArrayList<cow_String> LeadingLines() const;
     const cow_1DArrayList<cow_String>& EnclosingFiles() const { return m_enclosingFiles; }
 
@@ -84,6 +86,9 @@ private:
     cow_1DArrayList<inp_Keyword> ParseInclude(const inp_Keyword& include, bool strict);
     cow_String LocateInclude(const inp_Keyword& include, cow_String& password);
     void MergeChild(inp_Parser& child);
+    // Lets the leading lines of this (include) file go straight into `target` as they
+    // are read, instead of into m_leadingText. Only a raw array is taken.
+    void StreamLeadingLinesTo(const inp_DataArray& target);
 
     // Where an enciphered line would be turned into plain text.
     void DecryptLine(char* buffer);
@@ -110,6 +115,12 @@ private:
     // allocation of their own per line until they land in a keyword's data.
     std::string m_leadingText;
     int m_leadingCount;
+    // The target of StreamLeadingLinesTo, if any, and how many lines it had before this
+    // file gave any: a file that fails to decipher takes its lines back. Streaming keeps
+    // a mesh in an include file from standing in memory twice.
+    inp_DataArray m_leadingTarget;
+    inp_RawDataArrayImpl* m_leadingRaw;
+    int m_leadingTargetLines;
     cow_1DArrayList<cow_String> m_includedFiles;
     // The same names, for the membership test of the merge: views of the strings that
     // m_includedFiles holds and never lets go. In a chain of includes every level holds

@@ -1,0 +1,412 @@
+// inp_bench: how fast the library reads and prints a deck, next to the cheapest
+// reader of the same bytes.
+//
+//   inp_bench [--sizes 20,50,100] [--variants flat,assembly,include] [--out FILE]
+//   inp_bench --one MINREPS DECK [FILE...]
+//
+// The first form generates the decks with bench/gendeck into the build directory,
+// measures each in a process of its own (the second form), prints a markdown table and
+// writes it to docs/performance.md. A process per deck keeps the memory peaks apart.
+//
+// The floor is a loop that any C programmer would write first: fgets into 257 bytes,
+// cut at commas, strtod on every field. It reads the deck and every file named after
+// it (the include files of the include variant), so it sees the bytes the parser sees.
+// Each time is the best of several runs after a warm-up, so the file comes from the
+// page cache in every measurement, while the heap is given back between runs, so that
+// each run pays for its memory as the one run of a driver does.
+#include <malloc.h>
+#include <sys/resource.h>
+#include <sys/utsname.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <ctime>
+#include <map>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "inp_DeckPhases.h"
+#include "inp_Library.h"
+#include "wip_WIP.h"
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+double Since(Clock::time_point start) { return std::chrono::duration<double>(Clock::now() - start).count(); }
+
+// ---- one deck, in this process ------------------------------------------------------
+
+// A field of /proc/self/status in kB, or -1.
+long StatusKb(const char* field) {
+    std::FILE* f = std::fopen("/proc/self/status", "r");
+    if (!f) return -1;
+    char line[256];
+    long value = -1;
+    const size_t n = std::strlen(field);
+    while (std::fgets(line, sizeof line, f)) {
+        if (!std::strncmp(line, field, n) && line[n] == ':') {
+            value = std::strtol(line + n + 1, nullptr, 10);
+            break;
+        }
+    }
+    std::fclose(f);
+    return value;
+}
+
+struct FloorResult {
+    long long bytes = 0;
+    long long lines = 0;
+    double checksum = 0;  // keeps the conversions from being optimised away
+};
+
+FloorResult Floor(const std::vector<std::string>& files) {
+    FloorResult r;
+    char line[257];
+    for (const std::string& name : files) {
+        std::FILE* f = std::fopen(name.c_str(), "r");
+        if (!f) continue;
+        while (std::fgets(line, sizeof line, f)) {
+            ++r.lines;
+            char* field = line;
+            for (;;) {
+                char* comma = std::strchr(field, ',');
+                if (comma) *comma = '\0';
+                r.checksum += std::strtod(field, nullptr);
+                if (!comma) break;
+                field = comma + 1;
+            }
+        }
+        r.bytes += std::ftell(f);
+        std::fclose(f);
+    }
+    return r;
+}
+
+// Runs until minReps runs and at least a second have passed, and gives the best.
+template <class F>
+double Best(int minReps, F run) {
+    double best = 1e300, total = 0;
+    for (int rep = 0; rep < minReps || (total < 1.0 && rep < 50); ++rep) {
+        const double t = run();
+        best = std::min(best, t);
+        total += t;
+    }
+    return best;
+}
+
+int MeasureOne(int minReps, const std::vector<std::string>& files) {
+    const long startRss = StatusKb("VmRSS");
+    int count = 0;
+    inp_initialize(count);
+    wip_WIP& sink = thr_ThreadSingleton<wip_WIP>::Instance();
+
+    FloorResult floor = Floor(files);  // warm-up: the files into the page cache
+    const double floorTime = Best(minReps, [&] {
+        const Clock::time_point t = Clock::now();
+        floor = Floor(files);
+        return Since(t);
+    });
+
+    // As the driver does: include files are named relative to the deck.
+    const size_t slash = files[0].rfind('/');
+    const cow_String includeDirectory(slash == std::string::npos ? "." : files[0].substr(0, slash).c_str());
+
+    const int phases = inp_phases::kDeckPhaseCount;
+    std::vector<double> best(static_cast<size_t>(phases), 1e300);
+    double bestRoad = 1e300, total = 0;
+    int messages = 0;
+    for (int rep = 0; rep < minReps || (total < 1.0 && rep < 50); ++rep) {
+        sink.Clear();
+        const Clock::time_point road = Clock::now();
+        {
+            inp_Deck deck;
+            deck.includeDirectory = includeDirectory;
+            for (int i = 0; i < phases; ++i) {
+                const Clock::time_point t = Clock::now();
+                inp_phases::kDeckPhases[i].run(deck, files[0].c_str());
+                best[static_cast<size_t>(i)] = std::min(best[static_cast<size_t>(i)], Since(t));
+            }
+        }  // freeing the deck is part of the road a driver walks
+        const double t = Since(road);
+        // Give the freed heap back, so that the next run faults its memory in as the
+        // first did and as a driver's one run does; a warm heap would flatter the
+        // later runs by how the frees happened to leave the top of the heap.
+        malloc_trim(0);
+        bestRoad = std::min(bestRoad, t);
+        total += t;
+        messages = sink.Count();
+    }
+    for (int i = 0; i < messages && i < 5; ++i)
+        std::fprintf(stderr, "inp_bench: %s: %s\n", files[0].c_str(), sink.Record(i).text.c_str());
+
+    std::printf("bytes=%lld lines=%lld floor=%.6f road=%.6f rss0=%ld hwm=%ld messages=%d", floor.bytes, floor.lines,
+                floorTime, bestRoad, startRss, StatusKb("VmHWM"), messages);
+    for (int i = 0; i < phases; ++i)
+        std::printf(" %s=%.6f", inp_phases::kDeckPhases[i].name, best[static_cast<size_t>(i)]);
+    std::printf("\n");
+    inp_finalize(count);
+    return 0;
+}
+
+// ---- the whole run ------------------------------------------------------------------
+
+std::vector<std::string> Split(const std::string& text, char sep) {
+    std::vector<std::string> out;
+    std::stringstream s(text);
+    std::string piece;
+    while (std::getline(s, piece, sep))
+        if (!piece.empty()) out.push_back(piece);
+    return out;
+}
+
+// Runs a command and gives its standard output; empty on failure.
+std::string Capture(const std::string& command, int& status) {
+    std::string out;
+    std::FILE* p = popen(command.c_str(), "r");
+    if (!p) {
+        status = -1;
+        return out;
+    }
+    char buf[4096];
+    size_t n;
+    while ((n = std::fread(buf, 1, sizeof buf, p)) > 0) out.append(buf, n);
+    status = pclose(p);
+    return out;
+}
+
+std::string Quote(const std::string& s) { return "'" + s + "'"; }
+
+// This program's own path, for the process per deck; popen would make /proc/self the
+// shell.
+std::string SelfPath() {
+    char buf[4096];
+    const ssize_t n = readlink("/proc/self/exe", buf, sizeof buf - 1);
+    if (n <= 0) return "inp_bench";
+    return std::string(buf, static_cast<size_t>(n));
+}
+
+struct Row {
+    std::string deck;
+    std::map<std::string, double> values;
+};
+
+std::map<std::string, double> ParseResultLine(const std::string& line) {
+    std::map<std::string, double> values;
+    for (const std::string& pair : Split(line, ' ')) {
+        const size_t eq = pair.find('=');
+        if (eq != std::string::npos) values[pair.substr(0, eq)] = std::atof(pair.c_str() + eq + 1);
+    }
+    return values;
+}
+
+std::string Format(const char* format, double value) {
+    char buf[64];
+    std::snprintf(buf, sizeof buf, format, value);
+    return buf;
+}
+
+std::string CpuName() {
+    std::FILE* f = std::fopen("/proc/cpuinfo", "r");
+    if (!f) return "unknown";
+    char line[512];
+    std::string name = "unknown";
+    while (std::fgets(line, sizeof line, f)) {
+        if (!std::strncmp(line, "model name", 10)) {
+            const char* colon = std::strchr(line, ':');
+            if (colon) name = colon + 2;
+            if (!name.empty() && name.back() == '\n') name.pop_back();
+            break;
+        }
+    }
+    std::fclose(f);
+    return name;
+}
+
+std::string Table(const std::vector<Row>& rows) {
+    std::ostringstream t;
+    t << "| deck | MB | lines | phase | seconds | MB/s | lines/s | x floor |\n"
+      << "|---|---:|---:|---|---:|---:|---:|---:|\n";
+    for (const Row& r : rows) {
+        const double mb = r.values.at("bytes") / 1e6, lines = r.values.at("lines");
+        const double floor = r.values.at("floor");
+        auto line = [&](const std::string& phase, double s) {
+            t << "| " << r.deck << " | " << Format("%.1f", mb) << " | " << Format("%.0f", lines) << " | " << phase
+              << " | " << Format("%.3f", s) << " | " << Format("%.0f", mb / s) << " | "
+              << Format("%.2e", lines / s) << " | " << Format("%.2f", s / floor) << " |\n";
+        };
+        line("floor (fgets + strtod)", floor);
+        for (int i = 0; i < inp_phases::kDeckPhaseCount; ++i)
+            line(inp_phases::kDeckPhases[i].name, r.values.at(inp_phases::kDeckPhases[i].name));
+        line("whole road", r.values.at("road"));
+    }
+    t << "\n| deck | file MB | peak RSS MB | RSS at start MB | peak - start MB | (peak - start) / file |\n"
+      << "|---|---:|---:|---:|---:|---:|\n";
+    for (const Row& r : rows) {
+        const double file = r.values.at("bytes") / 1e6;
+        const double hwm = r.values.at("hwm") * 1024 / 1e6, start = r.values.at("rss0") * 1024 / 1e6;
+        t << "| " << r.deck << " | " << Format("%.1f", file) << " | " << Format("%.1f", hwm) << " | "
+          << Format("%.1f", start) << " | " << Format("%.1f", hwm - start) << " | "
+          << Format("%.2f", (hwm - start) / file) << " |\n";
+    }
+    return t.str();
+}
+
+// The targets, on the largest flat deck: reading within 2x the floor, memory within 3x
+// the file.
+std::string Targets(const std::vector<Row>& rows) {
+    const Row* target = nullptr;
+    int largest = -1;
+    for (const Row& r : rows) {
+        if (r.deck.compare(0, 5, "flat-") != 0) continue;
+        const int n = std::atoi(r.deck.c_str() + 5);
+        if (n > largest) {
+            largest = n;
+            target = &r;
+        }
+    }
+    if (!target) return "";
+    double reading = 0;
+    std::string names;
+    for (int i = 0; i < inp_phases::kDeckPhaseCount; ++i) {
+        if (!inp_phases::kDeckPhases[i].reads) continue;
+        reading += target->values.at(inp_phases::kDeckPhases[i].name);
+        names += names.empty() ? "" : " + ";
+        names += inp_phases::kDeckPhases[i].name;
+    }
+    const double ratio = reading / target->values.at("floor");
+    const double memory = (target->values.at("hwm") - target->values.at("rss0")) * 1024 / target->values.at("bytes");
+    std::ostringstream t;
+    t << "Targets on " << target->deck << ": " << names << " at " << Format("%.2f", ratio) << "x the floor (target 2x: "
+      << (ratio <= 2.0 ? "met" : "missed") << "); peak memory " << Format("%.2f", memory)
+      << "x the file (target 3x: " << (memory < 3.0 ? "met" : "missed") << ").\n";
+    return t.str();
+}
+
+int RunAll(const std::vector<int>& sizes, const std::vector<std::string>& variants, const std::string& outFile) {
+    const std::string source = INP_SOURCE_DIR, work = INP_BENCH_DIR;
+    std::vector<Row> rows;
+    // One deck in a process of its own; `environment` goes in front of the command.
+    auto measure = [&](const std::string& label, const std::string& files, int minReps,
+                       const std::string& environment) {
+        int status = 0;
+        const std::string line =
+            Capture(environment + Quote(SelfPath()) + " --one " + std::to_string(minReps) + " " + files, status);
+        Row row;
+        row.deck = label;
+        row.values = ParseResultLine(line);
+        if (status != 0 || !row.values.count("road")) {
+            std::fprintf(stderr, "inp_bench: measuring %s failed\n", label.c_str());
+            return false;
+        }
+        std::fprintf(stderr, "inp_bench: %s measured\n", label.c_str());
+        rows.push_back(row);
+        return true;
+    };
+    std::string largestFlat;
+    int largestN = 0;
+    for (int n : sizes) {
+        for (const std::string& variant : variants) {
+            int status = 0;
+            std::string deck = Capture("python3 " + Quote(source + "/bench/gendeck") + " " + std::to_string(n) + " " +
+                                           Quote(variant) + " " + Quote(work),
+                                       status);
+            while (!deck.empty() && (deck.back() == '\n' || deck.back() == '\r')) deck.pop_back();
+            if (status != 0 || deck.empty()) {
+                std::fprintf(stderr, "inp_bench: gendeck %d %s failed\n", n, variant.c_str());
+                return 1;
+            }
+            std::string files = Quote(deck);
+            if (variant == "include") {
+                const std::string base = deck.substr(0, deck.size() - 4);
+                files += " " + Quote(base + "-nodes.inp") + " " + Quote(base + "-elements.inp");
+            }
+            if (variant == "flat" && n > largestN) {
+                largestN = n;
+                largestFlat = files;
+            }
+            if (!measure(variant + "-" + std::to_string(n), files, n >= 100 ? 3 : 5, "")) return 1;
+        }
+    }
+    // Most of a cold parse is the kernel faulting in the heap page by page; with the
+    // heap on huge pages that cost nearly goes. The library cannot choose this for the
+    // process it runs in, a driver's environment can.
+    const std::string hugePages = "GLIBC_TUNABLES=glibc.malloc.hugetlb=1 ";
+    if (largestN > 0 && !measure("huge pages: flat-" + std::to_string(largestN), largestFlat, 3, hugePages)) return 1;
+
+    struct utsname host;
+    uname(&host);
+    char date[32];
+    const std::time_t now = std::time(nullptr);
+    std::strftime(date, sizeof date, "%Y-%m-%d", std::gmtime(&now));
+
+    std::ostringstream doc;
+    doc << "# Performance\n\n"
+        << "Written by `make bench` (bench/inp_bench.cpp); do not edit by hand.\n\n"
+        << "Decks from `bench/gendeck`: a block of N x N x N C3D8 elements with node sets, element sets,\n"
+        << "a material, a section and a static step. `flat` holds everything in one file, `assembly` holds\n"
+        << "the block as one part placed twice, `include` has the node and element lines in two include\n"
+        << "files.\n\n"
+        << "Each time is the best of at least three runs, with the files in the page cache and the heap\n"
+        << "given back to the system between runs (malloc_trim), so that every run faults its memory in as\n"
+        << "a driver's single run does. The floor reads the same files with a 257-byte `fgets` loop that\n"
+        << "cuts lines at commas and converts every field with `strtod`; `x floor` is the phase's time over\n"
+        << "the floor's. Print writes to a stream that counts and drops the bytes. The whole road\n"
+        << "constructs the deck, runs every phase and frees it. Memory is VmHWM of a fresh process per\n"
+        << "deck; RSS at start is the process before the library is initialised. The row `huge pages` runs\n"
+        << "the largest flat deck once more with `GLIBC_TUNABLES=glibc.malloc.hugetlb=1`, which puts the\n"
+        << "heap on transparent huge pages: most of a cold parse is the kernel faulting the heap in.\n\n"
+        << "Machine: " << CpuName() << ", " << host.sysname << " " << host.release << "; " << date << ".\n\n"
+        << Table(rows) << "\n"
+        << Targets(rows);
+    std::fputs(doc.str().c_str(), stdout);
+    if (!outFile.empty()) {
+        std::FILE* f = std::fopen(outFile.c_str(), "w");
+        if (!f || std::fputs(doc.str().c_str(), f) < 0) {
+            std::fprintf(stderr, "inp_bench: cannot write %s\n", outFile.c_str());
+            if (f) std::fclose(f);
+            return 1;
+        }
+        std::fclose(f);
+    }
+    return 0;
+}
+
+int Usage() {
+    std::fputs("usage: inp_bench [--sizes 20,50,100] [--variants flat,assembly,include] [--out FILE]\n"
+               "       inp_bench --one MINREPS DECK [FILE...]\n",
+               stderr);
+    return 2;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc >= 4 && !std::strcmp(argv[1], "--one")) {
+        const int reps = std::max(1, std::atoi(argv[2]));
+        return MeasureOne(reps, std::vector<std::string>(argv + 3, argv + argc));
+    }
+    std::vector<int> sizes = {20, 50, 100};
+    std::vector<std::string> variants = {"flat", "assembly", "include"};
+    std::string out = std::string(INP_SOURCE_DIR) + "/docs/performance.md";
+    for (int i = 1; i < argc; ++i) {
+        if (i + 1 >= argc) return Usage();
+        const std::string arg = argv[i], value = argv[++i];
+        if (arg == "--sizes") {
+            sizes.clear();
+            for (const std::string& s : Split(value, ',')) sizes.push_back(std::atoi(s.c_str()));
+        } else if (arg == "--variants") {
+            variants = Split(value, ',');
+        } else if (arg == "--out") {
+            out = value;
+        } else {
+            return Usage();
+        }
+    }
+    return RunAll(sizes, variants, out);
+}

@@ -1,0 +1,73 @@
+// One fuzz input as a deck on disk, read down the whole road of phases.
+//
+// The input is cut at the ASCII file separator byte (0x1C): the first piece is the
+// deck, `deck.inp`, and each further piece an include file beside it, `inc1.inp`,
+// `inc2.inp` and so on, which the deck (or another include file) can name in an
+// *INCLUDE. Pieces past kMaxIncludeFiles stay in the last include file, separator and
+// all. Shared by the libFuzzer target and the corpus replay of the test suite, so that
+// a kept input runs in the test exactly as it ran in the fuzzer.
+#ifndef INP_FUZZDECK_H
+#define INP_FUZZDECK_H
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <string>
+
+#include "../bench/inp_DeckPhases.h"
+#include "inp_Deck.h"
+#include "wip_WIP.h"
+
+namespace inp_fuzz {
+
+const char kFileSeparator = '\x1c';
+const int kMaxIncludeFiles = 3;
+
+inline std::string IncludeName(int i) { return "inc" + std::to_string(i) + ".inp"; }
+
+inline bool WriteBytes(const std::string& path, const char* data, std::size_t size) {
+    std::FILE* f = std::fopen(path.c_str(), "wb");
+    if (!f) return false;
+    const bool ok = std::fwrite(data, 1, size, f) == size;
+    return std::fclose(f) == 0 && ok;
+}
+
+// Writes the files into `dir` (which must exist) and gives the deck's path. Include
+// files that this input does not have are removed, so that no input sees the files of
+// the one before it.
+inline std::string WriteDeck(const std::string& dir, const std::uint8_t* data, std::size_t size) {
+    const char* text = reinterpret_cast<const char*>(data);
+    std::size_t start = 0;
+    int piece = 0;
+    for (; piece <= kMaxIncludeFiles; ++piece) {
+        std::size_t end = start;
+        while (end < size && (text[end] != kFileSeparator || piece == kMaxIncludeFiles)) ++end;
+        const std::string name = piece == 0 ? "deck.inp" : IncludeName(piece);
+        WriteBytes(dir + "/" + name, text + start, end - start);
+        if (end >= size) break;
+        start = end + 1;
+    }
+    for (int i = piece + 1; i <= kMaxIncludeFiles; ++i) std::remove((dir + "/" + IncludeName(i)).c_str());
+    return dir + "/deck.inp";
+}
+
+// Reads the deck down every phase. The sink is emptied first: it is per thread and
+// would otherwise grow with every input of a long run. `afterPhase`, if given, sees
+// the sink after each phase. Gives how many records the road left in the sink.
+inline int RunDeck(const std::string& dir, const std::uint8_t* data, std::size_t size,
+                   void (*afterPhase)(const inp_phases::Phase&, const wip_WIP&) = nullptr) {
+    const std::string deckPath = WriteDeck(dir, data, size);
+    wip_WIP& sink = thr_ThreadSingleton<wip_WIP>::Instance();
+    sink.Clear();
+    inp_Deck deck;
+    deck.includeDirectory = cow_String(dir.c_str());
+    for (int i = 0; i < inp_phases::kDeckPhaseCount; ++i) {
+        inp_phases::kDeckPhases[i].run(deck, deckPath.c_str());
+        if (afterPhase) afterPhase(inp_phases::kDeckPhases[i], sink);
+    }
+    return sink.Count();
+}
+
+}  // namespace inp_fuzz
+
+#endif
