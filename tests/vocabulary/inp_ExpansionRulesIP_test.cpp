@@ -174,7 +174,7 @@ TEST(ExpansionRulesIP, PermeabilityWantsSpecificForPermeabilityProper) {
         inp_KeywordExpansionVisitor v;
         inp_Keyword k(inp_kwPermeability);
         if (c.type) k.parameters.Insert(cow_String("type"), inp_Item(cow_String(c.type)));
-        if (c.specific) k.parameters.Insert(cow_String("spec"), inp_Item(cow_String("9.81")));
+        if (c.specific) k.parameters.Insert(cow_String("speci"), inp_Item(cow_String("9.81")));
         v.Visit(k);
         SCOPED_TRACE(c.type ? c.type : "<none>");
         const std::string required = In("PERMEABILITY", "Parameter SPECIFIC is a required parameter.");
