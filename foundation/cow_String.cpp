@@ -1,6 +1,8 @@
 // Shared, counted character storage behind atr_StringBase.
 #include "cow_String.h"
 
+#include "atr_Number.h"
+
 #include <cctype>
 #include <cstdio>
 #include <cstdlib>
@@ -56,20 +58,10 @@ atr_StringBase::atr_StringBase(int value) : m_chars(nullptr), m_hdr(nullptr) {
 }
 
 // The shortest text that reads back to the same double, with a point when it would
-// otherwise look like an integer, so that a printed deck reads its doubles back as
-// doubles: 0.1 and not 0.10000000000000001, 1000. and not 1000.
+// otherwise look like an integer (see atr_WriteDouble).
 atr_StringBase::atr_StringBase(double value) : m_chars(nullptr), m_hdr(nullptr) {
-    char buf[48];
-    int n = 0;
-    for (int digits = 15; digits <= 17; ++digits) {
-        n = std::snprintf(buf, sizeof buf - 1, "%.*g", digits, value);
-        if (std::strtod(buf, nullptr) == value) break;
-    }
-    if (std::strspn(buf + (buf[0] == '-'), "0123456789") == static_cast<size_t>(n - (buf[0] == '-'))) {
-        buf[n++] = '.';
-        buf[n] = '\0';
-    }
-    Assign(buf, n);
+    char buf[atr_kNumberChars];
+    Assign(buf, atr_WriteDouble(value, buf));
 }
 
 atr_StringBase::atr_StringBase(const atr_StringBase& other) : m_chars(other.m_chars), m_hdr(other.m_hdr) {

@@ -1,6 +1,8 @@
 // Raw data lines: one block per line, items cut in place, typed on demand.
 #include "inp_DataArray.h"
 
+#include "atr_Number.h"
+
 #include <cctype>
 #include <cstdlib>
 #include <cstring>
@@ -226,7 +228,7 @@ double inp_RawDataArrayImpl::AsDouble(int line, int item) const {
     char* mark = std::strchr(p, 'D');
     if (!mark) mark = std::strchr(p, 'd');
     if (mark) *mark = 'e';
-    return std::atof(p);
+    return atr_ReadDouble(p, nullptr);
 }
 
 cow_String inp_RawDataArrayImpl::AsStringVerbatim(int line, int item) const {

@@ -5,6 +5,8 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "aio_ostream.h"
+#include "atr_Number.h"
 #include "inpM_OmiSet.h"
 #include "inp_Exceptions.h"
 #include "nex_Exception.h"
@@ -63,15 +65,20 @@ int LabelOf(const char* item) {
     return label;
 }
 
-// Decks write exponents with D as often as with e: `1.5D3` is 1500. The mark is
-// changed in the item itself, as a raw AsDouble changes it. False when
-// text other than white space follows the number; a blank item is 0.0 and no error.
+// Decks write exponents with D as often as with e: `1.5D3` is 1500. The first D, or
+// else the first d, is changed in the item itself, as a raw AsDouble changes it. False
+// when text other than white space follows the number; a blank item is 0.0 and no error.
 bool ReadValue(char* item, double& value) {
-    char* mark = std::strchr(item, 'D');
-    if (!mark) mark = std::strchr(item, 'd');
-    if (mark) *mark = 'e';
+    char* upper = nullptr;
+    char* lower = nullptr;
+    for (char* p = item; *p && !upper; ++p) {
+        if (*p == 'D') upper = p;
+        else if (*p == 'd' && !lower) lower = p;
+    }
+    if (upper) *upper = 'e';
+    else if (lower) *lower = 'e';
     char* end = nullptr;
-    value = std::strtod(item, &end);
+    value = atr_ReadDouble(item, &end);
     while (std::isspace(static_cast<unsigned char>(*end))) ++end;
     return *end == '\0';
 }
@@ -228,6 +235,18 @@ cow_String inp_NodeDataArrayImpl::AsString(int line, int item) const {
 }
 
 cow_String inp_NodeDataArrayImpl::AsStringVerbatim(int line, int item) const { return AsString(line, item); }
+
+void inp_NodeDataArrayImpl::PrintLine(int line, aio_ostream& out) const {
+    NEX_ASSERT(line >= 0 && line < nrows);
+    char buffer[kItems * (atr_kNumberChars + 2)];
+    int used = atr_WriteInt(labels[line], buffer);
+    for (int j = 0; j < kValues; ++j) {
+        buffer[used++] = ',';
+        buffer[used++] = ' ';
+        used += atr_WriteDouble(coords[line][j], buffer + used);
+    }
+    out.write(buffer, static_cast<size_t>(used));
+}
 
 void inp_NodeDataArrayImpl::Set(int, int, const cow_String&) {
     Raise("Nodal id, coordinates or normals cannot set as a string", __LINE__);

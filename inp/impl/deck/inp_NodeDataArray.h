@@ -34,6 +34,8 @@ public:
     // The label in decimal, or the double with enough digits to read back the same value.
     cow_String AsString(int line, int item) const override;
     cow_String AsStringVerbatim(int line, int item) const override;
+    // The items as AsString gives them, written from a buffer on the stack.
+    void PrintLine(int line, aio_ostream& out) const override;
     void Set(int line, int item, const cow_String& text) override;
     void Set(int line, int item, double value) override;
     void Set(int line, int item, int value) override;
