@@ -225,9 +225,11 @@ std::string Table(const std::vector<Row>& rows) {
         const double mb = r.values.at("bytes") / 1e6, lines = r.values.at("lines");
         const double floor = r.values.at("floor");
         auto line = [&](const std::string& phase, double s) {
+            // Below a millisecond a rate says more about the clock than about the phase.
+            const bool rated = s >= 1e-3;
             t << "| " << r.deck << " | " << Format("%.1f", mb) << " | " << Format("%.0f", lines) << " | " << phase
-              << " | " << Format("%.3f", s) << " | " << Format("%.0f", mb / s) << " | "
-              << Format("%.2e", lines / s) << " | " << Format("%.2f", s / floor) << " |\n";
+              << " | " << Format("%.3f", s) << " | " << (rated ? Format("%.0f", mb / s) : "-") << " | "
+              << (rated ? Format("%.2e", lines / s) : "-") << " | " << Format("%.2f", s / floor) << " |\n";
         };
         line("floor (fgets + strtod)", floor);
         for (int i = 0; i < inp_phases::kDeckPhaseCount; ++i)
