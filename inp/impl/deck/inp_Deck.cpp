@@ -1,6 +1,7 @@
 #include "inp_Deck.h"
 
 #include "inp_KeywordExpansionVisitor.h"
+#include "inp_ModelParameterVisitor.h"
 #include "inp_Organizer.h"
 #include "inp_Parser.h"
 #include "inp_Utils.h"
@@ -50,6 +51,15 @@ void inp_Deck::ExpandKeywords() {
 
 void inp_Deck::ReorganizeKeywords(bool /*fullConversion*/) {
     if (isAssemblyDeck) Reorganize();
+}
+
+void inp_Deck::setModelParameters() {
+    omi_Timer timer;
+    timer.Start();
+    inp_ModelParameterVisitor visitor(modelParameters);
+    visitor.VisitListAndReport(keywords);
+    timer.Stop();
+    inp_Utils::TimingLine(__FILE__, __LINE__, "Set Model Parameters - Elapsed time: ", timer);
 }
 
 void inp_Deck::Reorganize() {

@@ -49,6 +49,8 @@ public:
     // the scoped-name rewrite behind it join this operation later; `fullConversion`
     // will select the form of the conversion.
     void ReorganizeKeywords(bool fullConversion);
+    // The deck-wide numbers and flags of modelParameters; raises them, never lowers.
+    void setModelParameters();
     // Writes the normal form of the deck, which Parse reads back to the same keywords.
     void Print(aio_ostream& out);
 
