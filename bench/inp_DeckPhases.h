@@ -50,6 +50,7 @@ const Phase kDeckPhases[] = {
     {"Parse", RunParse, true},
     {"ExpandKeywords", [](inp_Deck& d, const char*) { d.ExpandKeywords(); }, true},
     {"ReorganizeKeywords", [](inp_Deck& d, const char*) { d.ReorganizeKeywords(true); }, false},
+    {"setModelParameters", [](inp_Deck& d, const char*) { d.setModelParameters(); }, false},
     {"Print", RunPrint, false},
 };
 const int kDeckPhaseCount = static_cast<int>(sizeof kDeckPhases / sizeof kDeckPhases[0]);
