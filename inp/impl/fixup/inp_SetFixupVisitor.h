@@ -55,8 +55,9 @@ enum inp_SetType : int {
     X(ConnectorLoad) X(ConnectorMotion) X(DAddedMass) X(Decharge) X(Decurrent) X(Dflow) X(Dflux) X(Film) X(Flow) \
     X(Foundation) X(Impedance) X(PrestressHold) X(Radiate) X(Release) X(Sload)
 // E: the parameter named, node.
-#define INP_SETFIXUP_NODE_PARAMETER(X) \
-    X(Coupling, "refnode") X(FluidCavity, "refnode") X(SpotWeld, "referencenodeset") X(Monitor, "node") X(Tie, "tiednset")
+#define INP_SETFIXUP_NODE_PARAMETER(X)                                                     \
+    X(Coupling, "refnode") X(FluidCavity, "refnode") X(SpotWeld, "referencenodeset") X(Monitor, "node") \
+    X(Tie, "tiednset")
 
 class inp_SetFixupVisitor : public inp_Visitor {
 public:
