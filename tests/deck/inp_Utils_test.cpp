@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <string>
 #include <vector>
 
 #include "inp_Keyword.h"
@@ -113,4 +114,26 @@ TEST(Utils, NameClassifiers) {
         EXPECT_TRUE(inp_Utils::HasScopeSeparator(t)) << t;
     for (const char* t : {"AB", "\"a.b\"", "", "\"open.", "\"a\"\"b.c\""})
         EXPECT_FALSE(inp_Utils::HasScopeSeparator(t)) << t;
+}
+
+TEST(Utils, SplitScopedSetKeepsQuotedPeriods) {
+    struct Case {
+        const char* name;
+        std::vector<std::string> segments;
+    };
+    const Case cases[] = {
+        {"TOP", {"TOP"}},
+        {"PUMP-1.12", {"PUMP-1", "12"}},
+        {"ASM.PUMP-1.TOP", {"ASM", "PUMP-1", "TOP"}},
+        {"\"A.B\".C", {"\"A.B\"", "C"}},
+        {"A.\"x.y\"", {"A", "\"x.y\""}},
+        {"A..B.", {"A", "", "B", ""}},
+        {"", {""}},
+    };
+    for (const Case& c : cases) {
+        cow_List<cow_String> segments = inp_Utils::SplitScopedSet(cow_String(c.name));
+        std::vector<std::string> got;
+        for (int i = 0; i < segments.Count(); ++i) got.push_back(segments[i].c_str());
+        EXPECT_EQ(got, c.segments) << c.name;
+    }
 }

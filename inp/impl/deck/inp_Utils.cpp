@@ -82,6 +82,23 @@ bool inp_Utils::HasScopeSeparator(const cow_String& name) {
     return false;
 }
 
+cow_List<cow_String> inp_Utils::SplitScopedSet(const cow_String& name) {
+    cow_List<cow_String> segments;
+    const char* text = name.c_str();
+    const char* start = text;
+    bool quoted = false;
+    for (const char* p = text;; ++p) {
+        if (*p == '"') {
+            quoted = !quoted;
+        } else if (*p == '\0' || (*p == '.' && !quoted)) {
+            segments.Append(cow_String(start, static_cast<int>(p - start)));
+            if (*p == '\0') break;
+            start = p + 1;
+        }
+    }
+    return segments;
+}
+
 // Arithmetic in 64 bits: ids come from atoi and may lie anywhere in the int range.
 inp_Utils::Generation inp_Utils::ExpandGeneration(const cow_1DArrayList<int>& ids, const cow_String& context) {
     Generation result;

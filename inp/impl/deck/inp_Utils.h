@@ -39,6 +39,9 @@ public:
     static bool IsAnalyticalSurfaceType(const cow_String& type);
     // A period outside double quotes: the name is scoped.
     static bool HasScopeSeparator(const cow_String& name);
+    // The segments of a scoped name between its periods; a period between double quotes
+    // belongs to its segment, and the quotes stay. A name without a period is one segment.
+    static cow_List<cow_String> SplitScopedSet(const cow_String& name);
 
     // The ids of one data line, start, end and an optional increment, as the sequence
     // they stand for. `context` names the keyword in the messages.
