@@ -52,6 +52,7 @@
 #include "inp_ElementUndefinedNodesError.h"
 #include "inp_ModelParameters.h"
 #include "inp_ModelParameterVisitor.h"
+#include "inp_PartInventoryVisitor.h"
 #include "inpM_IdMap.h"
 #include "inpM_InstanceMap.h"
 #include "inpM_PartMap.h"

@@ -114,3 +114,20 @@ TEST(Utils, NameClassifiers) {
     for (const char* t : {"AB", "\"a.b\"", "", "\"open.", "\"a\"\"b.c\""})
         EXPECT_FALSE(inp_Utils::HasScopeSeparator(t)) << t;
 }
+
+TEST(Utils, SplitScopedSetKeepsQuotedPeriods) {
+    const std::pair<const char*, std::vector<std::string>> cases[] = {
+        {"A.I.S", {"A", "I", "S"}},
+        {"\"a.b\".c", {"\"a.b\"", "c"}},
+        {"plain", {"plain"}},
+        {"", {""}},
+        {"I.", {"I", ""}},
+        {"\"open.end", {"\"open.end"}},
+    };
+    for (const auto& c : cases) {
+        cow_List<cow_String> segments = inp_Utils::SplitScopedSet(c.first);
+        std::vector<std::string> got;
+        for (int i = 0; i < segments.Count(); ++i) got.push_back(segments.ConstGet(i).c_str());
+        EXPECT_EQ(got, c.second) << c.first;
+    }
+}

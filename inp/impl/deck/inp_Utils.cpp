@@ -82,6 +82,23 @@ bool inp_Utils::HasScopeSeparator(const cow_String& name) {
     return false;
 }
 
+cow_List<cow_String> inp_Utils::SplitScopedSet(const cow_String& name) {
+    cow_List<cow_String> segments;
+    const char* text = name.c_str();
+    bool quoted = false;
+    int start = 0;
+    for (int i = 0; text[i]; ++i) {
+        if (text[i] == '"') {
+            quoted = !quoted;
+        } else if (text[i] == '.' && !quoted) {
+            segments.Append(name.Substr(start, i - start));
+            start = i + 1;
+        }
+    }
+    segments.Append(name.Substr(start));
+    return segments;
+}
+
 // Arithmetic in 64 bits: ids come from atoi and may lie anywhere in the int range.
 inp_Utils::Generation inp_Utils::ExpandGeneration(const cow_1DArrayList<int>& ids, const cow_String& context) {
     Generation result;

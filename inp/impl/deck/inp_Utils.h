@@ -39,6 +39,9 @@ public:
     static bool IsAnalyticalSurfaceType(const cow_String& type);
     // A period outside double quotes: the name is scoped.
     static bool HasScopeSeparator(const cow_String& name);
+    // The segments between periods outside double quotes, quotes kept; a name without
+    // such a period is one segment, an empty name one empty segment.
+    static cow_List<cow_String> SplitScopedSet(const cow_String& name);
 
     // The ids of one data line, start, end and an optional increment, as the sequence
     // they stand for. `context` names the keyword in the messages.
