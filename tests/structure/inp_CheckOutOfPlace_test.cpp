@@ -41,7 +41,6 @@ TEST(CheckOutOfPlace, NodesAndElementsBelongToThePartOrItsInstancesNotBoth) {
         {std::string(kPart) +
              "*ASSEMBLY, NAME=A\n*INSTANCE, NAME=I, PART=P\n*NODE\n2, 1., 0., 0.\n*END INSTANCE\n*END ASSEMBLY\n",
          {kPairs + " Instance: I Part:P"}},
-        {std::string(kPart) + "*ASSEMBLY, NAME=A\n*INSTANCE, NAME=I, PART=P\n*END INSTANCE\n*END ASSEMBLY\n", {}},
         {"*PART, NAME=P\n*END PART\n*ASSEMBLY, NAME=A\n*INSTANCE, NAME=I, PART=P\n*NODE\n2, 1., 0., 0.\n"
          "*END INSTANCE\n*END ASSEMBLY\n",
          {}},
@@ -115,16 +114,12 @@ TEST(CheckOutOfPlace, AnalyticalSurfacesAndTheirRigidBodies) {
 TEST(CheckOutOfPlace, WritesItsTimingLineAtDebugLevelOne) {
     pnt_PrettyPrint& out = pnt_debugPrint();
     out.SetCapture(true);
-    out.ClearCaptured();
     typ_DebugFlags::SetDebugFlags(30, 1);
-    inp_Deck deck;
-    deck.CheckOutOfPlace();
+    inp_Deck().CheckOutOfPlace();
     typ_DebugFlags::ResetDebugFlags();
-    out.Flush();
     const std::string captured = out.Captured().c_str();
     out.ClearCaptured();
     out.SetCapture(false);
     EXPECT_NE(captured.find("inp_Deck.cpp:"), std::string::npos) << captured;
     EXPECT_NE(captured.find(": Checking out of place keywords - Elapsed time: "), std::string::npos) << captured;
-    EXPECT_NE(captured.find("  CPU time: "), std::string::npos) << captured;
 }
