@@ -30,7 +30,7 @@ const char kUsage[] =
     "  -I DIR              look for include files in DIR when the current directory\n"
     "                      does not hold them (default: the directory of DECK)\n"
     "  --stop-after PHASE  stop after PHASE; phases in order: parse, expand, organize,\n"
-    "                      parameters.\n"
+    "                      check, parameters.\n"
     "                      A phase that reports a fatal error (error[0]) is the last\n"
     "                      one run\n"
     "  --tree              show the keywords on standard output as the last phase left\n"
@@ -53,6 +53,7 @@ const Phase kPhases[] = {
     {"parse", [](inp_Deck& deck, const char* file) { deck.Parse(file); }},
     {"expand", [](inp_Deck& deck, const char*) { deck.ExpandKeywords(); }},
     {"organize", [](inp_Deck& deck, const char*) { deck.ReorganizeKeywords(false); }},
+    {"check", [](inp_Deck& deck, const char*) { deck.CheckOutOfPlace(); }},
     {"parameters", [](inp_Deck& deck, const char*) { deck.setModelParameters(); }},
     {nullptr, nullptr},
 };

@@ -50,6 +50,7 @@ const Phase kDeckPhases[] = {
     {"Parse", RunParse, true},
     {"ExpandKeywords", [](inp_Deck& d, const char*) { d.ExpandKeywords(); }, true},
     {"ReorganizeKeywords", [](inp_Deck& d, const char*) { d.ReorganizeKeywords(true); }, false},
+    {"CheckOutOfPlace", [](inp_Deck& d, const char*) { d.CheckOutOfPlace(); }, false},
     {"setModelParameters", [](inp_Deck& d, const char*) { d.setModelParameters(); }, false},
     {"Print", RunPrint, false},
 };

@@ -11,7 +11,10 @@ public:
     bool InsertUnlessMember(const K& key, const V& value) { return m_tree.emplace(key, value).second; }
     bool IsMember(const K& key) const { return m_tree.find(key) != m_tree.end(); }
     const V& ConstGet(const K& key) const { return m_tree.find(key)->second; }
+    // The key must be present.
+    V& Get(const K& key) { return m_tree.find(key)->second; }
     int Count() const { return static_cast<int>(m_tree.size()); }
+    void Clear() { m_tree.clear(); }
 
 private:
     template <class, class>

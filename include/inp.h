@@ -53,6 +53,7 @@
 #include "inp_ModelParameters.h"
 #include "inp_ModelParameterVisitor.h"
 #include "inp_SetFixupVisitor.h"
+#include "inp_PartInventoryVisitor.h"
 #include "inpM_IdMap.h"
 #include "inpM_InstanceMap.h"
 #include "inpM_PartMap.h"

@@ -118,6 +118,21 @@ TEST(Driver, TreeShowsTheDeckAsTheLastPhaseLeftIt) {
     EXPECT_EQ(lines[11], "*MATERIAL" + at + "13");
 }
 
+TEST(Driver, StructuralChecksRunBehindTheOrganizer) {
+    TempDir dir;
+    const std::string deck = dir.Write("twice.inp",
+                                       "*PART, NAME=P\n*NODE\n1, 0., 0., 0.\n*END PART\n*ASSEMBLY, NAME=A\n"
+                                       "*INSTANCE, NAME=I, PART=P\n*NODE\n2, 1., 0., 0.\n*END INSTANCE\n"
+                                       "*END ASSEMBLY\n");
+    EXPECT_EQ(RunDriver(dir, "--stop-after organize " + Quoted(deck)).status, 0);
+    DriverRun r = RunDriver(dir, "--stop-after check " + Quoted(deck));
+    EXPECT_EQ(r.status, 1);
+    std::vector<std::string> lines = Lines(r.err);
+    ASSERT_EQ(lines.size(), 2u) << r.err;  // the message and the summary
+    EXPECT_EQ(lines[0], "error[1]: Node and element data may only be defined in the instance or the part, not "
+                        "both.  The following instance/part pairs attempt to do so:  Instance: I Part:P");
+}
+
 TEST(Driver, UsageAndFileErrorsExitWithTwo) {
     TempDir dir;
     const std::string deck = dir.Write("ok.inp", "*HEADING\n");

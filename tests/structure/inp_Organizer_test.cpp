@@ -47,14 +47,7 @@ std::string Tree(const cow_1DArrayList<inp_Keyword>& list, inp_KeywordEnm owner 
     return out;
 }
 
-std::vector<std::string> Records() {
-    std::vector<std::string> out;
-    for (int i = 0; i < Sink().Count(); ++i) {
-        const wip_Record& r = Sink().Record(i);
-        out.push_back((r.IsError() ? "E" + std::to_string(r.level) : std::string("W")) + ": " + r.text.c_str());
-    }
-    return out;
-}
+std::vector<std::string> Records() { return inp_test::SinkRecords(); }
 
 std::string Misplaced(const std::string& name, int line, const std::string& parents) {
     return "E1: in keyword *" + name + ", file \"deck.inp\", line " + std::to_string(line) + ": " + kMisplaced +

@@ -14,6 +14,8 @@
 #include "aio_ostream.h"
 #include "inp_Deck.h"
 #include "inp_Parser.h"
+#include "thr_ThreadSingleton.h"
+#include "wip_WIP.h"
 
 namespace inp_test {
 
@@ -129,6 +131,17 @@ inline ParseResult ParseFile(const std::string& path, bool strict = true, const 
     r.missing = ToVector(parser.MissingFiles());
     r.leading = ToVector(parser.LeadingLines());
     return r;
+}
+
+// The thread's sink records in order, "E<level>: text" or "W: text".
+inline std::vector<std::string> SinkRecords() {
+    const wip_WIP& sink = thr_ThreadSingleton<wip_WIP>::Instance();
+    std::vector<std::string> out;
+    for (int i = 0; i < sink.Count(); ++i) {
+        const wip_Record& r = sink.Record(i);
+        out.push_back((r.IsError() ? "E" + std::to_string(r.level) : std::string("W")) + ": " + r.text.c_str());
+    }
+    return out;
 }
 
 // The normal form of a keyword list, as the deck printer writes it.

@@ -4,6 +4,7 @@
 #include "inp_ModelParameterVisitor.h"
 #include "inp_Organizer.h"
 #include "inp_Parser.h"
+#include "inp_PartInventoryVisitor.h"
 #include "inp_Utils.h"
 #include "omi_Timer.h"
 #include "thr_ThreadSingleton.h"
@@ -51,6 +52,20 @@ void inp_Deck::ExpandKeywords() {
 
 void inp_Deck::ReorganizeKeywords(bool /*fullConversion*/) {
     if (isAssemblyDeck) Reorganize();
+}
+
+void inp_Deck::CheckOutOfPlace() {
+    omi_Timer timer;
+    timer.Start();
+    inp_PartInventoryVisitor inventory(partElements, assemblyElements, partElementSets, assemblyElementSets);
+    if (isAssemblyDeck) {
+        inventory.VisitList(keywords);
+        inventory.CheckInventory();
+    }
+    inventory.CheckBlocks(keywords);
+    inventory.Report();
+    timer.Stop();
+    inp_Utils::TimingLine(__FILE__, __LINE__, "Checking out of place keywords - Elapsed time: ", timer);
 }
 
 void inp_Deck::setModelParameters() {

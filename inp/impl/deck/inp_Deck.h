@@ -49,6 +49,11 @@ public:
     // the scoped-name rewrite behind it join this operation later; `fullConversion`
     // will select the form of the conversion.
     void ReorganizeKeywords(bool fullConversion);
+    // The structural checks of parts, instances and rigid bodies, and of the blocks that
+    // open and close them; all findings go to the error sink together at the end. The
+    // rules of parts and rigid bodies need an assembly deck and read the element maps;
+    // the block checks run on any deck. Changes nothing in the deck.
+    void CheckOutOfPlace();
     // The deck-wide numbers and flags of modelParameters; raises them, never lowers.
     void setModelParameters();
     // Writes the normal form of the deck, which Parse reads back to the same keywords.
