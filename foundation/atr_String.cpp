@@ -124,3 +124,12 @@ atr_String atr_Format(const char* format, const atr_StringBase& first, const atr
     atr_SubstituteFormat(t, 2, second);
     return t.Result();
 }
+
+atr_String atr_Format(const char* format, const atr_StringBase& first, const atr_StringBase& second,
+                      const atr_StringBase& third) {
+    atr_translate t(format);
+    atr_SubstituteFormat(t, 1, first);
+    atr_SubstituteFormat(t, 2, second);
+    atr_SubstituteFormat(t, 3, third);
+    return t.Result();
+}

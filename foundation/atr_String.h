@@ -53,5 +53,7 @@ void atr_SubstituteFormat(atr_translate& t, int index, const atr_StringBase& val
 // A translated message with one or two values, the common case in one call.
 atr_String atr_Format(const char* format, const atr_StringBase& first);
 atr_String atr_Format(const char* format, const atr_StringBase& first, const atr_StringBase& second);
+atr_String atr_Format(const char* format, const atr_StringBase& first, const atr_StringBase& second,
+                      const atr_StringBase& third);
 
 #endif

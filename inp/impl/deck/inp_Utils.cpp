@@ -99,6 +99,12 @@ cow_List<cow_String> inp_Utils::SplitScopedSet(const cow_String& name) {
     return segments;
 }
 
+bool inp_Utils::IsSetName(const cow_String& name) { return inp_Types::MatchSetName(name); }
+
+bool inp_Utils::IsScopedSetName(const cow_List<cow_String>& segments) {
+    return segments.Count() > 1 && inp_Types::MatchSetName(segments.Last());
+}
+
 // Arithmetic in 64 bits: ids come from atoi and may lie anywhere in the int range.
 inp_Utils::Generation inp_Utils::ExpandGeneration(const cow_1DArrayList<int>& ids, const cow_String& context) {
     Generation result;

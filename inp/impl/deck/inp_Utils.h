@@ -42,6 +42,10 @@ public:
     // The segments of a scoped name between its periods; a period between double quotes
     // belongs to its segment, and the quotes stay. A name without a period is one segment.
     static cow_List<cow_String> SplitScopedSet(const cow_String& name);
+    // The whole text is a set name, scoped or not.
+    static bool IsSetName(const cow_String& name);
+    // More than one segment, the last of them a set name: `Pump-1.Top`, not `Pump-1.12`.
+    static bool IsScopedSetName(const cow_List<cow_String>& segments);
 
     // The ids of one data line, start, end and an optional increment, as the sequence
     // they stand for. `context` names the keyword in the messages.

@@ -54,15 +54,6 @@ bool CountsAsNothing(const cow_String& type) {
     return IsMassLikeType(type) || type == "SPRING1" || type == "SPRING2" || type == "SPRINGA";
 }
 
-// The one message with three values.
-atr_String Format3(const char* text, const cow_String& first, const cow_String& second, const cow_String& third) {
-    atr_translate t(text);
-    atr_SubstituteFormat(t, 1, first);
-    atr_SubstituteFormat(t, 2, second);
-    atr_SubstituteFormat(t, 3, third);
-    return t.Result();
-}
-
 }  // namespace
 
 inp_PartInventoryVisitor::inp_PartInventoryVisitor(inpM_ElementMap partElements, inpM_ElementMap assemblyElements,
@@ -336,7 +327,7 @@ void inp_PartInventoryVisitor::CheckInventory() {
         cow_String part;
         const PartInventory* inventory = PartOfInstance(instance, &part);
         if (inventory && inventory->surfaces.IsMember(surface))
-            warnings.Append(Format3("If a rigid body definition is defined at the part or part instance level, the "
+            warnings.Append(atr_Format("If a rigid body definition is defined at the part or part instance level, the "
                                     "corresponding analytical rigid surface definition must be defined at the same "
                                     "level. Analytical rigid surface %1$s violates this rule with regard to part %2$s "
                                     "and part instance %3$s.",
