@@ -103,7 +103,4 @@ void inp_AssemblyElementVisitor::VisitElset(inp_Keyword& keyword) {
     inp_ElementVisitor::VisitElset(keyword);
 }
 
-bool inp_AssemblyElementVisitor::IsValidScope(const cow_String& name) const {
-    if (KeywordScope().IsEmpty()) return instanceNames.IsMember(name);
-    return name == KeywordScope();
-}
+bool inp_AssemblyElementVisitor::IsValidScope(const cow_String& name) const { return IsScopeOrInstance(name); }

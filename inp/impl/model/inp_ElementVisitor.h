@@ -35,9 +35,6 @@ public:
     // Node count of each user element type; -1 when its definition is in a file.
     cow_Map<cow_String, int> userElements;
 
-protected:
-    // The part when one is open, else the instance.
-    const cow_String& KeywordScope() const { return partName.IsEmpty() ? instanceName : partName; }
 };
 
 // The part level of an assembly deck: the assembly and the steps are not walked.

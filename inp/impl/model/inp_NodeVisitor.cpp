@@ -247,7 +247,4 @@ void inp_AssemblyNodeVisitor::VisitNset(inp_Keyword& keyword) {
     inp_NodeVisitor::VisitNset(keyword);
 }
 
-bool inp_AssemblyNodeVisitor::IsValidScope(const cow_String& name) const {
-    if (KeywordScope().IsEmpty()) return instanceNames.IsMember(name);
-    return name == KeywordScope();
-}
+bool inp_AssemblyNodeVisitor::IsValidScope(const cow_String& name) const { return IsScopeOrInstance(name); }

@@ -40,9 +40,6 @@ public:
     bool searchAllInstances = false;
     bool computeCoordinates;
 
-protected:
-    // The part when one is open, else the instance.
-    const cow_String& KeywordScope() const { return partName.IsEmpty() ? instanceName : partName; }
 
 private:
     // *NSET, ELSET=: every node of every element of the set, 0 included.

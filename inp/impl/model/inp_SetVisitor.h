@@ -44,6 +44,13 @@ protected:
     cow_String SetKeywordName() const;
     // The instance walked, else the part.
     const cow_String& CurrentScope() const { return instanceName.IsEmpty() ? partName : instanceName; }
+    // The part when one is open, else the instance: the scope of a set keyword.
+    const cow_String& KeywordScope() const { return partName.IsEmpty() ? instanceName : partName; }
+    // A scoped id of a scope points into that scope; one of the assembly level into
+    // any of the assembly's instances.
+    bool IsScopeOrInstance(const cow_String& name) const {
+        return KeywordScope().IsEmpty() ? instanceNames.IsMember(name) : name == KeywordScope();
+    }
 
     // With `replace` false an existing set of the name takes the new one in; true puts
     // the new one in its place. An invalid name is refused with a message.
