@@ -11,18 +11,13 @@
 
 using inp_test::In;
 using inp_test::Make;
+using inp_test::MakeWithData;
 using inp_test::Params;
 using inp_test::ToVector;
 
 namespace {
 
 using Ids = std::vector<int>;
-
-inp_Keyword Keyword(inp_KeywordEnm value, const Params& params, const std::vector<const char*>& lines) {
-    inp_Keyword k = Make(value, params);
-    for (const char* line : lines) k.data.Append(line);
-    return k;
-}
 
 Ids Vec(const cow_1DArrayList<int>& list) {
     Ids out;
@@ -57,26 +52,26 @@ TEST(SetVisitor, SetsOfAScopeMergeByNameAndKeepDeckOrderOnlyWhenAsked) {
     v.partName = cow_String("P");
     v.setMap.InsertNestedSet(cow_String("P"), cow_String("B"), *CreateSet(List({8, 7}), false, true));
 
-    inp_Keyword first = Keyword(inp_kwNset, {{"nset", "A"}}, {"3, 1, 2"});
+    inp_Keyword first = MakeWithData(inp_kwNset, {{"nset", "A"}}, {"3, 1, 2"});
     v.VisitNset(first);
-    inp_Keyword again = Keyword(inp_kwNset, {{"nset", "A"}}, {"3, 4"});
+    inp_Keyword again = MakeWithData(inp_kwNset, {{"nset", "A"}}, {"3, 4"});
     v.VisitNset(again);
     EXPECT_EQ(Nested(v.setMap, "P", "A"), (Ids{1, 2, 3, 4}));
 
     // Deck order over a sorted set is refused: the set stays sorted.
-    inp_Keyword unsortedOverSorted = Keyword(inp_kwNset, {{"nset", "A"}, {"unsorted", nullptr}}, {"9, 5"});
+    inp_Keyword unsortedOverSorted = MakeWithData(inp_kwNset, {{"nset", "A"}, {"unsorted", nullptr}}, {"9, 5"});
     v.VisitNset(unsortedOverSorted);
     EXPECT_FALSE(v.setMap.ConstGetNestedSet(cow_String("P"), cow_String("A")).IsUnsorted());
     EXPECT_EQ(Nested(v.setMap, "P", "A"), (Ids{1, 2, 3, 4, 5, 9}));
 
     // Ids in front of a set name land behind the set's ids.
-    inp_Keyword ordered = Keyword(inp_kwNset, {{"nset", "U"}, {"unsorted", nullptr}}, {"1, 2, B, 3"});
+    inp_Keyword ordered = MakeWithData(inp_kwNset, {{"nset", "U"}, {"unsorted", nullptr}}, {"1, 2, B, 3"});
     v.VisitNset(ordered);
     EXPECT_TRUE(v.setMap.ConstGetNestedSet(cow_String("P"), cow_String("U")).IsUnsorted());
     EXPECT_EQ(Nested(v.setMap, "P", "U"), (Ids{8, 7, 1, 2, 3}));
 
     // A sorted read over an unsorted set sorts it.
-    inp_Keyword sorted = Keyword(inp_kwNset, {{"nset", "U"}}, {"0"});
+    inp_Keyword sorted = MakeWithData(inp_kwNset, {{"nset", "U"}}, {"0"});
     v.VisitNset(sorted);
     EXPECT_FALSE(v.setMap.ConstGetNestedSet(cow_String("P"), cow_String("U")).IsUnsorted());
     EXPECT_EQ(Nested(v.setMap, "P", "U"), (Ids{0, 1, 2, 3, 7, 8}));
@@ -86,12 +81,12 @@ TEST(SetVisitor, SetsOfAScopeMergeByNameAndKeepDeckOrderOnlyWhenAsked) {
 TEST(SetVisitor, BadItemsAndNamesAreReportedAndTheRestIsRead) {
     inp_ElementVisitor v(true);
     v.partName = cow_String("P");
-    inp_Keyword k = Keyword(inp_kwElset, {{"elset", "E"}}, {"5, 1000000000, 999999999, 1.5", "NOPE, 12345678901"});
+    inp_Keyword k = MakeWithData(inp_kwElset, {{"elset", "E"}}, {"5, 1000000000, 999999999, 1.5", "NOPE, 12345678901"});
     v.VisitElset(k);
     EXPECT_EQ(Nested(v.setMap, "P", "E"), (Ids{5, 999999999}));
-    inp_Keyword badName = Keyword(inp_kwElset, {{"elset", "1A"}}, {"1"});
+    inp_Keyword badName = MakeWithData(inp_kwElset, {{"elset", "1A"}}, {"1"});
     v.VisitElset(badName);
-    inp_Keyword noName = Keyword(inp_kwElset, {}, {"1"});
+    inp_Keyword noName = MakeWithData(inp_kwElset, {}, {"1"});
     v.VisitElset(noName);
     EXPECT_EQ(ToVector(v.errors),
               (std::vector<std::string>{In("ELSET", "Invalid data:\n1000000000, 1.5, 12345678901"),
@@ -109,7 +104,7 @@ TEST(SetVisitor, NodeSetParametersThatExcludeEachOther) {
         {{"nset", "A"}, {"elset", "E"}, {"unsorted", nullptr}},
     };
     for (const Params& params : cases) {
-        inp_Keyword k = Keyword(inp_kwNset, params, {"1"});
+        inp_Keyword k = MakeWithData(inp_kwNset, params, {"1"});
         v.VisitNset(k);
     }
     EXPECT_EQ(ToVector(v.errors),
@@ -122,10 +117,10 @@ TEST(SetVisitor, NodeSetParametersThatExcludeEachOther) {
 TEST(SetVisitor, GenerationInAScope) {
     inp_ElementVisitor v(true);
     v.instanceName = cow_String("I");
-    inp_Keyword down = Keyword(inp_kwElset, {{"elset", "A"}, {"generate", nullptr}}, {"10, 1, -3"});
+    inp_Keyword down = MakeWithData(inp_kwElset, {{"elset", "A"}, {"generate", nullptr}}, {"10, 1, -3"});
     v.VisitElset(down);
     EXPECT_EQ(Nested(v.setMap, "I", "A"), (Ids{1, 4, 7, 10}));
-    inp_Keyword wrongStep = Keyword(inp_kwElset, {{"elset", "B"}, {"generate", nullptr}}, {"1, 10, 2"});
+    inp_Keyword wrongStep = MakeWithData(inp_kwElset, {{"elset", "B"}, {"generate", nullptr}}, {"1, 10, 2"});
     v.VisitElset(wrongStep);
     EXPECT_TRUE(Nested(v.setMap, "I", "B").empty());
     EXPECT_EQ(ToVector(v.errors), (std::vector<std::string>{
@@ -135,7 +130,7 @@ TEST(SetVisitor, GenerationInAScope) {
 TEST(SetVisitor, GenerationAtTheAssemblyLevelTakesTheInstanceOfEitherEnd) {
     inp_AssemblyNodeVisitor v(inpM_ElementMap(), inpM_SetMap(), inp_CoordMap(), inpM_SetMap(), false, false);
     v.instanceNames.Append(cow_String("I1")).Append(cow_String("I2"));
-    inp_Keyword k = Keyword(inp_kwNset, {{"nset", "G"}, {"generate", nullptr}},
+    inp_Keyword k = MakeWithData(inp_kwNset, {{"nset", "G"}, {"generate", nullptr}},
                             {"I1.1, I1.3", "I1.1, I2.5", "1, I1.2", "I2.7, 9, 2", "X.1, X.2", "4"});
     v.VisitNset(k);
     const inpM_BaseSet& set = v.setMap.ConstGetSet(cow_String("G"));
@@ -157,7 +152,7 @@ TEST(SetVisitor, AssemblySetsNameIdsSetsAndScopedItems) {
     v.setMap.InsertSet(cow_String("T"), *CreateSet(List({100}), false, false));
     v.setMap.InsertNestedSet(cow_String("I1"), cow_String("S"), *CreateSet(List({20, 21}), false, false));
     v.setMap.InsertNestedSet(cow_String("PART-1-1"), cow_String("F"), *CreateSet(List({30}), false, false));
-    inp_Keyword k = Keyword(inp_kwNset, {{"nset", "N"}}, {"3, I1.7, I1.S, T", "F, NOPE, Q.5, I1.MISSING, 2"});
+    inp_Keyword k = MakeWithData(inp_kwNset, {{"nset", "N"}}, {"3, I1.7, I1.S, T", "F, NOPE, Q.5, I1.MISSING, 2"});
     v.VisitNset(k);
     const inpM_BaseSet& set = v.setMap.ConstGetSet(cow_String("N"));
     EXPECT_EQ(Vec(set.ConstGetTopLevelIds()), (Ids{2, 3, 100}));
@@ -167,7 +162,7 @@ TEST(SetVisitor, AssemblySetsNameIdsSetsAndScopedItems) {
                                       "NSET", "The following sets/ids do not exist:\nNOPE, Q.5, I1.MISSING")}));
 
     // In deck order: scoped ids keep their place, plain ids wait behind the next set.
-    inp_Keyword ordered = Keyword(inp_kwNset, {{"nset", "O"}, {"unsorted", nullptr}}, {"5, I1.9, I1.S, 4"});
+    inp_Keyword ordered = MakeWithData(inp_kwNset, {{"nset", "O"}, {"unsorted", nullptr}}, {"5, I1.9, I1.S, 4"});
     v.VisitNset(ordered);
     const inpM_BaseSet& inOrder = v.setMap.ConstGetSet(cow_String("O"));
     EXPECT_EQ(Vec(inOrder.ConstGetTopLevelIds()), (Ids{5, 4}));
@@ -177,18 +172,18 @@ TEST(SetVisitor, AssemblySetsNameIdsSetsAndScopedItems) {
 TEST(SetVisitor, InstanceParameterScopesTheItemsOfAnAssemblySet) {
     inp_AssemblyNodeVisitor v(inpM_ElementMap(), inpM_SetMap(), inp_CoordMap(), inpM_SetMap(), false, false);
     v.instanceNames.Append(cow_String("I1"));
-    inp_Keyword k = Keyword(inp_kwNset, {{"nset", "A"}, {"instance", "I1"}}, {"5, , 6"});
+    inp_Keyword k = MakeWithData(inp_kwNset, {{"nset", "A"}, {"instance", "I1"}}, {"5, , 6"});
     v.VisitNset(k);
     EXPECT_EQ(inp_test::Printed(k, false), "*nset, nset=A, instance=I1\nI1.5, I1.6\n");
     EXPECT_EQ(Vec(v.setMap.ConstGetSet(cow_String("A")).ConstGetSecondLevelIds(cow_String("I1"))), (Ids{5, 6}));
 
-    inp_Keyword generated = Keyword(inp_kwNset, {{"nset", "G"}, {"instance", "I1"}, {"generate", nullptr}}, {"1, 5, 2"});
+    inp_Keyword generated = MakeWithData(inp_kwNset, {{"nset", "G"}, {"instance", "I1"}, {"generate", nullptr}}, {"1, 5, 2"});
     v.VisitNset(generated);
     EXPECT_EQ(Vec(v.setMap.ConstGetSet(cow_String("G")).ConstGetSecondLevelIds(cow_String("I1"))), (Ids{1, 3, 5}));
 
     // Inside an instance the parameter changes nothing.
     v.instanceName = cow_String("I1");
-    inp_Keyword inside = Keyword(inp_kwNset, {{"nset", "B"}, {"instance", "I1"}}, {"8"});
+    inp_Keyword inside = MakeWithData(inp_kwNset, {{"nset", "B"}, {"instance", "I1"}}, {"8"});
     v.VisitNset(inside);
     EXPECT_EQ(Nested(v.setMap, "I1", "B"), (Ids{8}));
     EXPECT_TRUE(v.errors.IsEmpty()) << ToVector(v.errors)[0];
@@ -197,13 +192,13 @@ TEST(SetVisitor, InstanceParameterScopesTheItemsOfAnAssemblySet) {
 TEST(SetVisitor, AssemblyElementSetsWaitForTheAssemblyLevelElements) {
     inp_AssemblyElementVisitor v(inpM_ElementMap(), inpM_SetMap(), true);
     v.instanceNames.Append(cow_String("I1"));
-    inp_Keyword k = Keyword(inp_kwElset, {{"elset", "E"}}, {"I1.3, LATER"});
+    inp_Keyword k = MakeWithData(inp_kwElset, {{"elset", "E"}}, {"I1.3, LATER"});
     v.VisitElset(k);
     EXPECT_TRUE(v.errors.IsEmpty());
     ASSERT_EQ(v.deferredKeywords.Count(), 1);
     EXPECT_EQ(Vec(v.setMap.ConstGetSet(cow_String("E")).ConstGetSecondLevelIds(cow_String("I1"))), (Ids{3}));
     // A read that resolves everything is not deferred; the name accumulates.
-    inp_Keyword more = Keyword(inp_kwElset, {{"elset", "E"}}, {"I1.4"});
+    inp_Keyword more = MakeWithData(inp_kwElset, {{"elset", "E"}}, {"I1.4"});
     v.VisitElset(more);
     EXPECT_EQ(v.deferredKeywords.Count(), 1);
     EXPECT_EQ(Vec(v.setMap.ConstGetSet(cow_String("E")).ConstGetSecondLevelIds(cow_String("I1"))), (Ids{3, 4}));
@@ -222,24 +217,24 @@ TEST(SetVisitor, NodeSetsOfElementSets) {
     // In a scope: the nodes of the scope's elements.
     inp_NodeVisitor scoped(elements, elementSets, false);
     scoped.instanceName = cow_String("I1");
-    inp_Keyword inScope = Keyword(inp_kwNset, {{"nset", "N"}, {"elset", "E"}}, {});
+    inp_Keyword inScope = MakeWithData(inp_kwNset, {{"nset", "N"}, {"elset", "E"}}, {});
     scoped.VisitNset(inScope);
     EXPECT_EQ(Nested(scoped.setMap, "I1", "N"), (Ids{10, 11, 30, 31}));
 
     inp_AssemblyNodeVisitor v(elements, elementSets, inp_CoordMap(), inpM_SetMap(), false, false);
-    inp_Keyword assembly = Keyword(inp_kwNset, {{"nset", "N"}, {"elset", "M"}}, {});
+    inp_Keyword assembly = MakeWithData(inp_kwNset, {{"nset", "N"}, {"elset", "M"}}, {});
     v.VisitNset(assembly);
     const inpM_BaseSet& set = v.setMap.ConstGetSet(cow_String("N"));
     EXPECT_EQ(Vec(set.ConstGetTopLevelIds()), (Ids{20, 21}));
     EXPECT_EQ(Vec(set.ConstGetSecondLevelIds(cow_String("I1"))), (Ids{20, 21}));
-    inp_Keyword scopedName = Keyword(inp_kwNset, {{"nset", "S"}, {"elset", "I1.E"}}, {});
+    inp_Keyword scopedName = MakeWithData(inp_kwNset, {{"nset", "S"}, {"elset", "I1.E"}}, {});
     v.VisitNset(scopedName);
     EXPECT_EQ(Vec(v.setMap.ConstGetSet(cow_String("S")).ConstGetSecondLevelIds(cow_String("I1"))),
               (Ids{10, 11, 30, 31}));
 
-    inp_Keyword unknown = Keyword(inp_kwNset, {{"nset", "X"}, {"elset", "BAD"}}, {});
+    inp_Keyword unknown = MakeWithData(inp_kwNset, {{"nset", "X"}, {"elset", "BAD"}}, {});
     v.VisitNset(unknown);
-    inp_Keyword absent = Keyword(inp_kwNset, {{"nset", "Y"}, {"elset", "NONE"}}, {});
+    inp_Keyword absent = MakeWithData(inp_kwNset, {{"nset", "Y"}, {"elset", "NONE"}}, {});
     v.VisitNset(absent);
     EXPECT_FALSE(v.setMap.IsMember(cow_String("X")));
     EXPECT_EQ(ToVector(v.errors),
@@ -249,7 +244,7 @@ TEST(SetVisitor, NodeSetsOfElementSets) {
 
     // A symmetric model generation makes that set itself: only the name is kept.
     inp_AssemblyNodeVisitor symmetric(elements, elementSets, inp_CoordMap(), inpM_SetMap(), true, false);
-    inp_Keyword generated = Keyword(inp_kwNset, {{"nset", "Z"}, {"elset", "NONE"}}, {});
+    inp_Keyword generated = MakeWithData(inp_kwNset, {{"nset", "Z"}, {"elset", "NONE"}}, {});
     symmetric.VisitNset(generated);
     EXPECT_TRUE(symmetric.errors.IsEmpty());
     EXPECT_TRUE(symmetric.setMap.ConstGetSet(cow_String("Z")).IsEmpty());
@@ -266,7 +261,7 @@ TEST(SetVisitor, InstancesStartWithTheirPartsSetsAndMayNotRedefineThem) {
     cow_1DArrayList<inp_Keyword> deck;
     inp_Keyword assembly = Make(inp_kwAssembly, {{"name", "A"}});
     inp_Keyword instance = Make(inp_kwInstance, {{"name", "I"}, {"part", "P"}});
-    instance.suboptions.Append(Keyword(inp_kwElset, {{"elset", "E"}}, {"2"}));
+    instance.suboptions.Append(MakeWithData(inp_kwElset, {{"elset", "E"}}, {"2"}));
     assembly.suboptions.Append(instance);
     assembly.suboptions.Append(Make(inp_kwEndInstance));
     deck.Append(assembly);
@@ -294,7 +289,7 @@ TEST(SetVisitor, AnInstancePlacesItsPartsNodesAndTakesItsNodeSets) {
 
     // Moved by (0, 0, 2), then turned by 90 degrees about the z axis through the origin.
     inp_Keyword instance =
-        Keyword(inp_kwInstance, {{"name", "I"}, {"part", "P"}}, {"0., 0., 2.", "0., 0., 0., 0., 0., 1., 90."});
+        MakeWithData(inp_kwInstance, {{"name", "I"}, {"part", "P"}}, {"0., 0., 2.", "0., 0., 0., 0., 0., 1., 90."});
     v.VisitInstance(instance);
     const inp_Coord placed = v.coordMap.instances.ConstGet(cow_String("I"))->ConstGet(5);
     EXPECT_NEAR(placed.x, 0.0, 1e-12);
@@ -310,7 +305,7 @@ TEST(SetVisitor, AnInstancePlacesItsPartsNodesAndTakesItsNodeSets) {
 
     // Coincident axis points are reported without a location; the translation stands.
     inp_Keyword coincident =
-        Keyword(inp_kwInstance, {{"name", "J"}, {"part", "P"}}, {"1., 0., 0.", "1., 1., 1., 1., 1., 1., 30."});
+        MakeWithData(inp_kwInstance, {{"name", "J"}, {"part", "P"}}, {"1., 0., 0.", "1., 1., 1., 1., 1., 1., 30."});
     v.VisitInstance(coincident);
     EXPECT_NEAR(v.coordMap.instances.ConstGet(cow_String("J"))->ConstGet(5).x, 2.0, 1e-12);
     EXPECT_EQ(ToVector(v.errors),

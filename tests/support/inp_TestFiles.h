@@ -106,6 +106,13 @@ inline inp_Keyword Make(inp_KeywordEnm value, const Params& params = {}) {
     return k;
 }
 
+// The same with raw data lines.
+inline inp_Keyword MakeWithData(inp_KeywordEnm value, const Params& params, const std::vector<const char*>& lines) {
+    inp_Keyword k = Make(value, params);
+    for (const char* line : lines) k.data.Append(line);
+    return k;
+}
+
 // A message about a keyword built in code, which has no file and no line.
 inline std::string In(const char* upperName, const std::string& text) {
     return std::string("in keyword *") + upperName + " " + text;

@@ -3,24 +3,14 @@
 #include "atr_String.h"
 #include "gsl_Point.h"
 #include "gsl_Vector.h"
+#include "inp_NodeGeometry.h"
 #include "inp_Utils.h"
 
 namespace {
 
-bool Has(const inp_Keyword& keyword, const char* parameter) { return keyword.HasParameter(cow_String(parameter)); }
-
-cow_String Text(const inp_Keyword& keyword, const char* parameter) {
-    const inp_Item* item = keyword.parameters.Lookup(cow_String(parameter));
-    return item ? item->AsString() : cow_String();
-}
-
-// Items k, k+1 and k+2 of a line, 0.0 where the line ends early.
-gsl_Point Triple(const inp_DataArray& data, int line, int k) {
-    double v[3] = {0.0, 0.0, 0.0};
-    for (int i = 0; i < 3; ++i)
-        if (data.HasValue(line, k + i)) v[i] = data.AsDouble(line, k + i);
-    return gsl_Point(v[0], v[1], v[2]);
-}
+using inp_node::Has;
+using inp_node::Text;
+using inp_node::Triple;
 
 // Every node of each element of `ids` that the table holds, in the order of the
 // elements; the ids the table lacks go to `unknown`.
@@ -165,9 +155,19 @@ void inp_PartNodeVisitor::VisitPart(inp_Keyword& keyword) {
     systemTransform.FillIdentity();
 }
 
-void inp_PartNodeVisitor::VisitNset(inp_Keyword& keyword) {
-    if (!partName.IsEmpty()) inp_NodeVisitor::VisitNset(keyword);
-}
+// Keywords outside a part are not this pass's business.
+#define INP_PART_LEVEL_ONLY(Operation) \
+    void inp_PartNodeVisitor::Operation(inp_Keyword& keyword) { \
+        if (!partName.IsEmpty()) inp_NodeVisitor::Operation(keyword); \
+    }
+INP_PART_LEVEL_ONLY(VisitNcopy)
+INP_PART_LEVEL_ONLY(VisitNfill)
+INP_PART_LEVEL_ONLY(VisitNgen)
+INP_PART_LEVEL_ONLY(VisitNmap)
+INP_PART_LEVEL_ONLY(VisitNode)
+INP_PART_LEVEL_ONLY(VisitNset)
+INP_PART_LEVEL_ONLY(VisitSystem)
+#undef INP_PART_LEVEL_ONLY
 
 inp_AssemblyNodeVisitor::inp_AssemblyNodeVisitor(const inpM_ElementMap& elementMap, const inpM_SetMap& sets,
                                                  const inp_CoordMap& parts, const inpM_SetMap& partNodeSets,

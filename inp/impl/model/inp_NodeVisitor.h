@@ -28,7 +28,13 @@ public:
     cow_String KeywordName() const override;
     bool IsValidScope(const cow_String& name) const override;
 
+    void VisitNcopy(inp_Keyword& keyword) override;
+    void VisitNfill(inp_Keyword& keyword) override;
+    void VisitNgen(inp_Keyword& keyword) override;
+    void VisitNmap(inp_Keyword& keyword) override;
+    void VisitNode(inp_Keyword& keyword) override;
     void VisitNset(inp_Keyword& keyword) override;
+    void VisitSystem(inp_Keyword& keyword) override;
 
     inp_CoordMap coordMap;
     gsl_Matrix instanceTransform;
@@ -44,6 +50,21 @@ public:
 private:
     // *NSET, ELSET=: every node of every element of the set, 0 included.
     void NodesOfElementSet(const inp_Keyword& keyword, const cow_String& name, bool internal);
+    // The nodes of the keyword's scope, the root map at the assembly level; null for a
+    // scope that has no map.
+    inp_CoordMap* ScopeMap();
+    // A node set named by a generation keyword, in the scope or, when all instances are
+    // searched, wherever it stands; null, reported, when there is none.
+    const inpM_BaseSet* FindNodeSet(const inp_Keyword& keyword, const cow_String& name);
+    // A generated node, carried back into the frame of the part first.
+    void StoreGenerated(inp_CoordMap& map, int id, inp_Coord record) const;
+    // The keyword's node set, when it names one and nodes were made.
+    void AddGeneratedSet(const inp_Keyword& keyword, const char* parameter, const cow_1DArrayList<int>& ids,
+                         bool internal, bool unsorted);
+    bool NfillLine(const inp_Keyword& keyword, int line, double bias, int singular, bool twoStep,
+                   cow_1DArrayList<int>& ids);
+    bool NgenLine(const inp_Keyword& keyword, int line, const cow_String& shape, const cow_String& system,
+                  cow_1DArrayList<int>& ids);
 };
 
 // The part level of an assembly deck: the assembly's subtree is not walked.
@@ -53,7 +74,13 @@ public:
 
     void Visit(inp_Keyword& keyword) override;
     void VisitPart(inp_Keyword& keyword) override;
+    void VisitNcopy(inp_Keyword& keyword) override;
+    void VisitNfill(inp_Keyword& keyword) override;
+    void VisitNgen(inp_Keyword& keyword) override;
+    void VisitNmap(inp_Keyword& keyword) override;
+    void VisitNode(inp_Keyword& keyword) override;
     void VisitNset(inp_Keyword& keyword) override;
+    void VisitSystem(inp_Keyword& keyword) override;
 };
 
 // The assembly and its instances: parts are not walked.
