@@ -33,6 +33,17 @@ inp_Element::inp_Element(const cow_String& elementType, const cow_1DArrayList<in
     for (int i = 0; i < numNodes; ++i) nodes[i] = nodeList[i];
 }
 
+inp_Element::inp_Element(const cow_String& elementType, const int* nodeList, int count, int bottom,
+                         int layerOffset, int solidNumbering)
+    : type(elementType),
+      nodes(AllocateNodes(count, __LINE__)),
+      numNodes(count > 0 ? count : 0),
+      solidElementNumbering(solidNumbering),
+      bottomNodes(bottom),
+      offset(layerOffset) {
+    std::copy(nodeList, nodeList + numNodes, nodes);
+}
+
 inp_Element::inp_Element(const inp_Element& other)
     : type(other.type),
       nodes(AllocateNodes(other.numNodes, __LINE__)),

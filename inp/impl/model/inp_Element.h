@@ -15,6 +15,9 @@ public:
     // The node list is copied into an array of the element's own.
     inp_Element(const cow_String& elementType, const cow_1DArrayList<int>& nodeList, int bottom, int layerOffset,
                 int solidNumbering);
+    // The same from `count` nodes at `nodeList`, for readers that reuse one buffer.
+    inp_Element(const cow_String& elementType, const int* nodeList, int count, int bottom, int layerOffset,
+                int solidNumbering);
     inp_Element(const inp_Element& other);
     inp_Element(inp_Element&& other) noexcept;
     inp_Element& operator=(const inp_Element& other);

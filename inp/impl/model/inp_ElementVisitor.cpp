@@ -14,10 +14,15 @@ cow_String Text(const inp_Keyword& keyword, const char* parameter) {
 
 }  // namespace
 
-inp_ElementVisitor::inp_ElementVisitor(bool store) : storeConnectivity(store) {}
+inp_ElementVisitor::inp_ElementVisitor(bool store)
+    : elements(omi_IntTable<inp_Element>()),
+      storeConnectivity(store),
+      elementInfo(inp_ElementTypes::ElementInfo()),
+      obsoleteTypes(inp_ElementTypes::ObsoleteTypes()),
+      reflectOrder(inp_ElementTypes::ReflectOrder()) {}
 
-inp_ElementVisitor::inp_ElementVisitor(const inpM_SetMap& givenSets, bool store)
-    : searchAllInstances(!givenSets.IsEmpty()), storeConnectivity(store) {
+inp_ElementVisitor::inp_ElementVisitor(const inpM_SetMap& givenSets, bool store) : inp_ElementVisitor(store) {
+    searchAllInstances = !givenSets.IsEmpty();
     setMap = givenSets;
 }
 
@@ -68,9 +73,16 @@ void inp_PartElementVisitor::VisitPart(inp_Keyword& keyword) {
     if (!partName.IsEmpty()) elements.Insert(partName, omi_IntTable<inp_Element>());
 }
 
-void inp_PartElementVisitor::VisitElset(inp_Keyword& keyword) {
-    if (!partName.IsEmpty()) inp_ElementVisitor::VisitElset(keyword);
-}
+// Keywords outside a part are not this pass's business.
+#define INP_PART_LEVEL_ONLY(Operation) \
+    void inp_PartElementVisitor::Operation(inp_Keyword& keyword) { \
+        if (!partName.IsEmpty()) inp_ElementVisitor::Operation(keyword); \
+    }
+INP_PART_LEVEL_ONLY(VisitElcopy)
+INP_PART_LEVEL_ONLY(VisitElement)
+INP_PART_LEVEL_ONLY(VisitElgen)
+INP_PART_LEVEL_ONLY(VisitElset)
+#undef INP_PART_LEVEL_ONLY
 
 inp_AssemblyElementVisitor::inp_AssemblyElementVisitor(const inpM_ElementMap& parts, const inpM_SetMap& sets,
                                                        bool store)
@@ -93,6 +105,18 @@ void inp_AssemblyElementVisitor::VisitInstance(inp_Keyword& keyword) {
         setMap.InsertNestedSetMap(instanceName, partSets.ConstGetNestedSetMap(part));
     // The instance holds the part's table itself, not a copy of it.
     if (partElements.IsMember(part)) elements.GetMap(instanceName).item = partElements.ConstGetMap(part).item;
+}
+
+void inp_AssemblyElementVisitor::VisitElement(inp_Keyword& keyword) {
+    static const char* const kAssemblyTypes[] = {"MASS",    "ROTARYI", "HEATCAP",  "CONN2D2",  "CONN3D2", "SPRINGA",
+                                                 "SPRING1", "SPRING2", "DASHPOTA", "DASHPOT1", "DASHPOT2"};
+    if (instanceName.IsEmpty()) {
+        const cow_String type = Text(keyword, "type");
+        bool allowed = false;
+        for (const char* name : kAssemblyTypes) allowed = allowed || type == name;
+        if (!allowed) return;
+    }
+    inp_ElementVisitor::VisitElement(keyword);
 }
 
 void inp_AssemblyElementVisitor::VisitElset(inp_Keyword& keyword) {

@@ -13,6 +13,7 @@
 #include "cow_1DArrayList.h"
 #include "cow_Map.h"
 #include "inpM_InstanceMap.h"
+#include "inp_ElementTypes.h"
 #include "inp_SetVisitor.h"
 
 class inp_ElementVisitor : public inp_SetVisitor {
@@ -25,7 +26,12 @@ public:
     cow_String KeywordName() const override;
     bool IsValidScope(const cow_String& name) const override;
 
+    void VisitElcopy(inp_Keyword& keyword) override;
+    void VisitElement(inp_Keyword& keyword) override;
+    void VisitElgen(inp_Keyword& keyword) override;
     void VisitElset(inp_Keyword& keyword) override;
+    void VisitFastener(inp_Keyword& keyword) override;
+    void VisitUserElement(inp_Keyword& keyword) override;
 
     cow_1DArrayList<inp_Keyword> deferredKeywords;
     inpM_ElementMap elements;
@@ -34,7 +40,14 @@ public:
     bool storeConnectivity;
     // Node count of each user element type; -1 when its definition is in a file.
     cow_Map<cow_String, int> userElements;
+    cow_Map<cow_String, inp_ElementInfo> elementInfo;
+    cow_Map<cow_String, inp_ElementInfo> obsoleteTypes;
+    cow_Map<cow_String, cow_1DArrayList<int>> reflectOrder;
 
+private:
+    // The table of the keyword's scope, the root table at the assembly level; made
+    // empty for a scope the walk has not opened, so that a broken deck still reads.
+    omi_IntTable<inp_Element>& ScopeTable();
 };
 
 // The part level of an assembly deck: the assembly and the steps are not walked.
@@ -44,6 +57,9 @@ public:
 
     void Visit(inp_Keyword& keyword) override;
     void VisitPart(inp_Keyword& keyword) override;
+    void VisitElcopy(inp_Keyword& keyword) override;
+    void VisitElement(inp_Keyword& keyword) override;
+    void VisitElgen(inp_Keyword& keyword) override;
     void VisitElset(inp_Keyword& keyword) override;
 };
 
@@ -55,6 +71,8 @@ public:
 
     void Visit(inp_Keyword& keyword) override;
     void VisitInstance(inp_Keyword& keyword) override;
+    // At the assembly level only point masses, springs, dashpots and two-node connectors.
+    void VisitElement(inp_Keyword& keyword) override;
     void VisitElset(inp_Keyword& keyword) override;
     bool IsValidScope(const cow_String& name) const override;
 

@@ -92,16 +92,6 @@ void inp_NodeVisitor::StoreGenerated(inp_CoordMap& map, int id, inp_Coord record
     map.Insert(id, record);
 }
 
-void inp_NodeVisitor::AddGeneratedSet(const inp_Keyword& keyword, const char* parameter,
-                                      const cow_1DArrayList<int>& ids, bool internal, bool unsorted) {
-    if (!Has(keyword, parameter) || ids.IsEmpty()) return;
-    const inpM_SetHandle set = CreateSet(ids, internal, unsorted);
-    if (KeywordScope().IsEmpty())
-        AddAssemblySet(Text(keyword, parameter), *set, false);
-    else
-        AddSet(Text(keyword, parameter), *set, false);
-}
-
 void inp_NodeVisitor::VisitNode(inp_Keyword& keyword) {
     const cow_String system = Has(keyword, "system") ? Text(keyword, "system") : cow_String("R");
     const inp_DataArray& data = keyword.data;
@@ -142,7 +132,7 @@ void inp_NodeVisitor::VisitNode(inp_Keyword& keyword) {
                 keyword, atr_Format("Unknown instance or part name %s is encountered while processing the *NODE keyword.",
                                     KeywordScope())));
     }
-    AddGeneratedSet(keyword, "nset", ids, false, false);
+    AddKeywordSet(keyword, "nset", ids, false, false);
 }
 
 void inp_NodeVisitor::VisitSystem(inp_Keyword& keyword) {
@@ -205,7 +195,7 @@ void inp_NodeVisitor::VisitNcopy(inp_Keyword& keyword) {
                 ids.Append(id);
                 if (map) map->Insert(id, inp_Coord());
             }
-        AddGeneratedSet(keyword, "newset", ids, internal, unsorted);
+        AddKeywordSet(keyword, "newset", ids, internal, unsorted);
         return;
     }
 
@@ -287,7 +277,7 @@ void inp_NodeVisitor::VisitNcopy(inp_Keyword& keyword) {
             map->Insert(id, record);
         }
     }
-    AddGeneratedSet(keyword, "newset", ids, internal, unsorted);
+    AddKeywordSet(keyword, "newset", ids, internal, unsorted);
 }
 
 void inp_NodeVisitor::VisitNfill(inp_Keyword& keyword) {
@@ -318,7 +308,7 @@ void inp_NodeVisitor::VisitNfill(inp_Keyword& keyword) {
     cow_1DArrayList<int> ids;
     for (int line = 0; line < keyword.data.NumberOfLines(); ++line)
         if (!NfillLine(keyword, line, bias, singular, twoStep, ids)) return;
-    AddGeneratedSet(keyword, "nset", ids, false, false);
+    AddKeywordSet(keyword, "nset", ids, false, false);
 }
 
 bool inp_NodeVisitor::NfillLine(const inp_Keyword& keyword, int line, double bias, int singular, bool twoStep,
@@ -478,7 +468,7 @@ void inp_NodeVisitor::VisitNgen(inp_Keyword& keyword) {
     cow_1DArrayList<int> ids;
     for (int line = 0; line < keyword.data.NumberOfLines(); ++line)
         if (!NgenLine(keyword, line, shape, system, ids)) return;
-    AddGeneratedSet(keyword, "nset", ids, false, false);
+    AddKeywordSet(keyword, "nset", ids, false, false);
 }
 
 bool inp_NodeVisitor::NgenLine(const inp_Keyword& keyword, int line, const cow_String& shape,

@@ -58,9 +58,6 @@ private:
     const inpM_BaseSet* FindNodeSet(const inp_Keyword& keyword, const cow_String& name);
     // A generated node, carried back into the frame of the part first.
     void StoreGenerated(inp_CoordMap& map, int id, inp_Coord record) const;
-    // The keyword's node set, when it names one and nodes were made.
-    void AddGeneratedSet(const inp_Keyword& keyword, const char* parameter, const cow_1DArrayList<int>& ids,
-                         bool internal, bool unsorted);
     bool NfillLine(const inp_Keyword& keyword, int line, double bias, int singular, bool twoStep,
                    cow_1DArrayList<int>& ids);
     bool NgenLine(const inp_Keyword& keyword, int line, const cow_String& shape, const cow_String& system,

@@ -421,3 +421,14 @@ void inp_SetVisitor::CheckPartSetRedefined(const inp_Keyword& keyword, const cha
     if (partSets.HasNestedSet(part, name->AsString()))
         errors.Append(atr_Format(message, name->AsString(), part, instanceName));
 }
+
+void inp_SetVisitor::AddKeywordSet(const inp_Keyword& keyword, const char* parameter, const cow_1DArrayList<int>& ids,
+                                   bool internal, bool unsorted) {
+    const inp_Item* name = keyword.parameters.Lookup(cow_String(parameter));
+    if (!name || ids.IsEmpty()) return;
+    const inpM_SetHandle set = CreateSet(ids, internal, unsorted);
+    if (KeywordScope().IsEmpty())
+        AddAssemblySet(name->AsString(), *set, false);
+    else
+        AddSet(name->AsString(), *set, false);
+}

@@ -87,6 +87,12 @@ protected:
     // only with GENERATE) in a new data array of the keyword.
     void ApplyInstanceParameter(inp_Keyword& keyword);
 
+    // The set a defining keyword names in `parameter`, when it names one and ids were
+    // made: in the keyword's scope, or at the assembly level, merged with a set of the
+    // same name.
+    void AddKeywordSet(const inp_Keyword& keyword, const char* parameter, const cow_1DArrayList<int>& ids,
+                       bool internal, bool unsorted);
+
     // Inside an instance, a set that the instance's part defined may not be given
     // again; `message` takes the set, the part and the instance.
     void CheckPartSetRedefined(const inp_Keyword& keyword, const char* parameter, const inpM_SetMap& partSets,
