@@ -57,6 +57,8 @@
 #include "inp_SetVisitor.h"
 #include "inp_NodeVisitor.h"
 #include "inp_ElementVisitor.h"
+#include "inp_ElementTypes.h"
+#include "inp_NodeGenerationVisitor.h"
 #include "inpM_IdMap.h"
 #include "inpM_InstanceMap.h"
 #include "inpM_PartMap.h"

@@ -207,3 +207,10 @@ void inpM_SetMap::Print(aio_ostream& out) const {
         }
     }
 }
+
+const inpM_BaseSet* inpM_SetMap::FindSet(const cow_String& scope, const cow_String& name, bool searchAll) const {
+    if (!searchAll) return HasNestedSet(scope, name) ? &ConstGetNestedSet(scope, name) : nullptr;
+    cow_String holder;
+    if (!SearchAssemblyAndInstancesForSet(name, holder)) return nullptr;
+    return holder.IsEmpty() ? &ConstGetSet(name) : &ConstGetNestedSet(holder, name);
+}

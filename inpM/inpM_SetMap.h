@@ -63,6 +63,9 @@ public:
     // The assembly level first, then the scopes in ascending order; `instance`
     // names the holder (empty for the assembly level, and when nothing holds it).
     bool SearchAssemblyAndInstancesForSet(const cow_String& name, cow_String& instance) const;
+    // The set a generation keyword of `scope` names: in that scope, or with `searchAll`
+    // at the assembly level first and then in any scope. Null when there is none.
+    const inpM_BaseSet* FindSet(const cow_String& scope, const cow_String& name, bool searchAll) const;
     // Drops every set that the system made for itself, at every level.
     void RemoveInternalSets();
 

@@ -21,26 +21,20 @@ using inp_node::Text;
 
 namespace {
 
-bool StartsWith(const cow_String& text, const char* prefix) {
-    return std::strncmp(text.c_str(), prefix, std::strlen(prefix)) == 0;
-}
-
 // How *ELEMENT reads a type's lines; the first test that fits stands.
 enum class Family { kPlain, kAsymmetric, kVariable, kConnector, kGasket, kCohesive };
 
 Family FamilyOf(const cow_String& type) {
     if (type.Length() >= 4 && type.Substr(1, 3) == "AXA") return Family::kAsymmetric;
-    if (StartsWith(type, "C3D27") || StartsWith(type, "C3D15V")) return Family::kVariable;
-    if (StartsWith(type, "CONN")) return Family::kConnector;
-    if (StartsWith(type, "GK")) return Family::kGasket;
-    if (StartsWith(type, "COH")) return Family::kCohesive;
+    if (type.StartsWith("C3D27") || type.StartsWith("C3D15V")) return Family::kVariable;
+    if (type.StartsWith("CONN")) return Family::kConnector;
+    if (type.StartsWith("GK")) return Family::kGasket;
+    if (type.StartsWith("COH")) return Family::kCohesive;
     return Family::kPlain;
 }
 
 // Cohesive elements with pore pressure have a middle layer.
 bool HasThreeLayers(const cow_String& type) { return type.Length() == 7 && type.c_str()[6] == 'P'; }
-
-bool IsGk3d18(const cow_String& type) { return type == "GK3D18" || type == "GK3D18N"; }
 
 // Items of a line without a blank last one.
 int ItemsBeforeBlank(const inp_DataArray& data, int line) {
@@ -142,7 +136,7 @@ void inp_ElementVisitor::VisitElement(inp_Keyword& keyword) {
         total = layers * bottom;
     }
     if (family == Family::kGasket && Has(keyword, "solidelementnumbering")) {
-        if (IsGk3d18(type)) maxNodes = 27;
+        if (inp_ElementTypes::IsGk3d18(type)) maxNodes = 27;
         if (type == "GK3D12M" || type == "GK3D12MN") maxNodes = 18;
     }
     const bool zeroAllowed = family != Family::kPlain;
@@ -171,7 +165,7 @@ void inp_ElementVisitor::VisitElement(inp_Keyword& keyword) {
         int bottomNodes = 0, layerOffset = 0, solidNumbering = 0;
         int given = data.NumberOfItems(line) - 1;
         bool continued = data.LastItemIsBlank(line);
-        if (stacked && IsGk3d18(type)) {
+        if (stacked && inp_ElementTypes::IsGk3d18(type)) {
             minNodes = bottom = 9;
             total = 18;
         }
@@ -242,7 +236,7 @@ void inp_ElementVisitor::VisitElement(inp_Keyword& keyword) {
                 solidNumbering = value >= 1 ? value : 1;
             }
         } else {
-            if (IsGk3d18(type) && count == 8) {
+            if (inp_ElementTypes::IsGk3d18(type) && count == 8) {
                 minNodes = bottom = 8;
                 total = 16;
             }
@@ -297,15 +291,7 @@ void inp_ElementVisitor::VisitElcopy(inp_Keyword& keyword) {
     if (!Has(keyword, "elementshift") || !Has(keyword, "oldset") || !Has(keyword, "shiftnodes"))
         return report(atr_raw("ELEMENTSHIFT, OLDSET, and SHIFTNODES are required parameters."));
     const cow_String name = Text(keyword, "oldset");
-    const inpM_BaseSet* old = nullptr;
-    const cow_String& scope = KeywordScope();
-    if (!searchAllInstances) {
-        if (setMap.HasNestedSet(scope, name)) old = &setMap.ConstGetNestedSet(scope, name);
-    } else {
-        cow_String setScope;
-        if (setMap.SearchAssemblyAndInstancesForSet(name, setScope))
-            old = setScope.IsEmpty() ? &setMap.ConstGetSet(name) : &setMap.ConstGetNestedSet(setScope, name);
-    }
+    const inpM_BaseSet* old = setMap.FindSet(KeywordScope(), name, searchAllInstances);
     if (!old) return report(atr_Format("Element set %s does not exist.", name));
     const long long shift = keyword.GetParameterAsInt(cow_String("elementshift"), 0);
     const int nodeShift = keyword.GetParameterAsInt(cow_String("shiftnodes"), 0);
@@ -378,7 +364,7 @@ void inp_ElementVisitor::VisitElgen(inp_Keyword& keyword) {
         }
         const inp_Element source = table.ConstGet(master);
         int shifted = source.numNodes;
-        if (!allNodes && (StartsWith(source.type, "B") || StartsWith(source.type, "PIPE"))) {
+        if (!allNodes && (source.type.StartsWith("B") || source.type.StartsWith("PIPE"))) {
             const inp_ElementInfo* info = elementInfo.Lookup(source.type);
             // The orientation node of a beam stays where it is.
             if (info && source.numNodes > info->minNodes) shifted = source.numNodes - 1;

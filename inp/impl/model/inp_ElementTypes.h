@@ -25,6 +25,8 @@ public:
     // Position i of the new connectivity takes the node at 1-based position order[i].
     static const cow_Map<cow_String, cow_1DArrayList<int>>& ReflectOrder();
     static int ElementTypeCount();
+    // The gasket types whose stack is counted from the element itself.
+    static bool IsGk3d18(const cow_String& type) { return type == "GK3D18" || type == "GK3D18N"; }
 };
 
 #endif

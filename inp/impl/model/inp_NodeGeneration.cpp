@@ -71,14 +71,7 @@ inp_CoordMap* inp_NodeVisitor::ScopeMap() {
 }
 
 const inpM_BaseSet* inp_NodeVisitor::FindNodeSet(const inp_Keyword& keyword, const cow_String& name) {
-    const cow_String& scope = KeywordScope();
-    if (!searchAllInstances) {
-        if (setMap.HasNestedSet(scope, name)) return &setMap.ConstGetNestedSet(scope, name);
-    } else {
-        cow_String setScope;
-        if (setMap.SearchAssemblyAndInstancesForSet(name, setScope))
-            return setScope.IsEmpty() ? &setMap.ConstGetSet(name) : &setMap.ConstGetNestedSet(setScope, name);
-    }
+    if (const inpM_BaseSet* set = setMap.FindSet(KeywordScope(), name, searchAllInstances)) return set;
     errors.Append(inp_Utils::MessageInKeyword(keyword, atr_Format("Node set %s does not exist.", name)));
     return nullptr;
 }
