@@ -11,6 +11,7 @@
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
+#include <new>
 #include <string>
 
 #include "aio_ostream.h"
@@ -52,7 +53,7 @@ struct Phase {
 const Phase kPhases[] = {
     {"parse", [](inp_Deck& deck, const char* file) { deck.Parse(file); }},
     {"expand", [](inp_Deck& deck, const char*) { deck.ExpandKeywords(); }},
-    {"organize", [](inp_Deck& deck, const char*) { deck.ReorganizeKeywords(false); }},
+    {"organize", [](inp_Deck& deck, const char*) { deck.Classify(true); }},
     {"check", [](inp_Deck& deck, const char*) { deck.CheckOutOfPlace(); }},
     {"parameters", [](inp_Deck& deck, const char*) { deck.setModelParameters(); }},
     {nullptr, nullptr},
@@ -220,9 +221,16 @@ int RunDeck(const Options& options) {
 
     omi_Timer timer;
     timer.Start();
-    const wip_WIP& sink = thr_ThreadSingleton<wip_WIP>::Instance();
+    wip_WIP& sink = thr_ThreadSingleton<wip_WIP>::Instance();
     for (const Phase* phase = kPhases; phase->name; ++phase) {
-        phase->run(model, options.deck);
+        // A pass that gives up raises; the user sees why, and the deck goes no further.
+        try {
+            phase->run(model, options.deck);
+        } catch (const nex_Exception& e) {
+            sink.Error(atr_String(e.UserReport()), wip_Fatal);
+        } catch (const std::bad_alloc&) {
+            sink.Error(atr_raw("out of memory"), wip_Fatal);
+        }
         if (options.stopAfter && !std::strcmp(phase->name, options.stopAfter)) break;
         // The later phases assume a deck that could be read.
         if (sink.ErrorCount(wip_Fatal) > 0) break;

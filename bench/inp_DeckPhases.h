@@ -49,7 +49,7 @@ inline void RunPrint(inp_Deck& deck, const char*) {
 const Phase kDeckPhases[] = {
     {"Parse", RunParse, true},
     {"ExpandKeywords", [](inp_Deck& d, const char*) { d.ExpandKeywords(); }, true},
-    {"ReorganizeKeywords", [](inp_Deck& d, const char*) { d.ReorganizeKeywords(true); }, false},
+    {"Classify", [](inp_Deck& d, const char*) { d.Classify(true); }, false},
     {"CheckOutOfPlace", [](inp_Deck& d, const char*) { d.CheckOutOfPlace(); }, false},
     {"setModelParameters", [](inp_Deck& d, const char*) { d.setModelParameters(); }, false},
     {"Print", RunPrint, false},

@@ -1,6 +1,9 @@
 #include "inp_Deck.h"
 
+#include "inp_ElementVisitor.h"
 #include "inp_KeywordExpansionVisitor.h"
+#include "inp_NodeGenerationVisitor.h"
+#include "inp_NodeVisitor.h"
 #include "inp_ModelParameterVisitor.h"
 #include "inp_Organizer.h"
 #include "inp_Parser.h"
@@ -51,7 +54,107 @@ void inp_Deck::ExpandKeywords() {
 }
 
 void inp_Deck::ReorganizeKeywords(bool /*fullConversion*/) {
+    CheckImportUse(false);
     if (isAssemblyDeck) Reorganize();
+}
+
+void inp_Deck::Classify(bool fullConversion) {
+    CheckImportUse(fullConversion);
+    if (!isAssemblyDeck) return;
+    Reorganize();
+    ExtractPartMaps();
+    ExtractAssemblyMaps();
+}
+
+void inp_Deck::CheckImportUse(bool skipImportRules) {
+    wip_WIP& sink = thr_ThreadSingleton<wip_WIP>::Instance();
+    bool import = false, mapSolution = false;
+    for (int i = 0; i < keywords.Count(); ++i) {
+        import = import || keywords.ConstGet(i).keyword == inp_kwImport;
+        mapSolution = mapSolution || keywords.ConstGet(i).keyword == inp_kwMapSolution;
+        if (import && mapSolution) {
+            sink.Error(atr_raw("*IMPORT and *MAP SOLUTION (rezoning) cannot be used in the same analysis. "), wip_Fatal);
+            break;
+        }
+    }
+    if (!import || skipImportRules) return;
+    if (isAssemblyDeck)
+        sink.Error(atr_raw("The restart (.res) and results (.fil) files are not organized as an assembly of part "
+                           "instances. Therefore, some options that read data from these files currently cannot be "
+                           "used in models defined in terms of an assembly of part instances. IMPORT is one of them."),
+                   wip_Fatal);
+    if (!hasInheritedPartMap)
+        sink.Error(atr_raw("An import analysis requires the part map from a previous job. Please use the -oldpartmap "
+                           "command line option to specify it."),
+                   wip_Fatal);
+}
+
+void inp_Deck::ExtractPartMaps() {
+    omi_Timer timer;
+    timer.Start();
+    inp_PartElementVisitor elementPass;
+    elementPass.VisitListAndReport(keywords);
+    inp_PartNodeVisitor nodePass(elementPass.elements, elementPass.setMap);
+    nodePass.VisitListAndReport(keywords);
+    inp_NodeGenerationVisitor generation(nodePass.coordMap, elementPass.elements, elementPass.setMap, true,
+                                         hasInheritedPartMap, true, cow_String());
+    generation.VisitListAndReport(keywords);
+
+    partCoordinates = generation.coordMap;
+    partElements = elementPass.elements;
+    partNodeSets = nodePass.setMap;
+    partElementSets = elementPass.setMap;
+    timer.Stop();
+    inp_Utils::TimingLine(__FILE__, __LINE__, "ExtractPartMaps - Elapsed time: ", timer);
+}
+
+void inp_Deck::ExtractAssemblyMaps() {
+    omi_Timer timer;
+    timer.Start();
+    // A continuation job that takes its geometry from the earlier one counts ids only.
+    const bool computeCoordinates =
+        replaceInheritedMaps || !hasInheritedPartMap || !(hasImport || hasSymmetricModelGeneration);
+    const cow_List<cow_String> instances = instanceToPart.Instances();
+
+    inp_AssemblyElementVisitor elementPass(partElements, partElementSets, computeCoordinates);
+    elementPass.instanceToPart = instanceToPart;
+    elementPass.instanceNames = instances;
+    if (replaceInheritedMaps) {
+        elementPass.importedInstances = instanceNames;
+        elementPass.importedSets = secondElementSets;
+    }
+    elementPass.VisitList(keywords);
+    assemblyLevelKeywords = elementPass.deferredKeywords;
+    elementPass.Report();
+
+    inp_AssemblyNodeVisitor nodePass(elementPass.elements, elementPass.setMap, partCoordinates, partNodeSets,
+                                     hasSymmetricModelGeneration, computeCoordinates);
+    nodePass.instanceToPart = instanceToPart;
+    nodePass.instanceNames = instances;
+    if (replaceInheritedMaps) {
+        nodePass.importedInstances = instanceNames;
+        nodePass.importedSets = secondNodeSets;
+    }
+    nodePass.VisitListAndReport(keywords);
+
+    inp_NodeGenerationVisitor generation(nodePass.coordMap, elementPass.elements, elementPass.setMap,
+                                         computeCoordinates, hasInheritedPartMap, false, cow_String());
+    generation.VisitListAndReport(keywords);
+
+    assemblyCoordinates = generation.coordMap;
+    assemblyElements = elementPass.elements;
+    if (!hasInheritedPartMap || replaceInheritedMaps) {
+        assemblyNodeSets = nodePass.setMap;
+        assemblyElementSets = elementPass.setMap;
+        instanceTransformations = nodePass.transforms;
+    } else {
+        newModelNodeSets = nodePass.setMap;
+        assemblyNodeSets.Merge(newModelNodeSets);
+        newModelElementSets = elementPass.setMap;
+        assemblyElementSets.Merge(newModelElementSets);
+    }
+    timer.Stop();
+    inp_Utils::TimingLine(__FILE__, __LINE__, "ExtractAssemblyMaps - Elapsed time: ", timer);
 }
 
 void inp_Deck::CheckOutOfPlace() {

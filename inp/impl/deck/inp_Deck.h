@@ -42,13 +42,17 @@ public:
     // to drop are gone from the list.
     void ExpandKeywords();
     // Turns the expanded list into the deck hierarchy: each keyword under the one that
-    // owns it, misplaced keywords reported and dropped. For now only an assembly deck
-    // is organized. A flat deck keeps its list: it has to become one part and one
-    // instance first, or its nodes and elements would all be out of place at the top
-    // level. That conversion, the import and name checks ahead of the organizer and
-    // the scoped-name rewrite behind it join this operation later; `fullConversion`
-    // will select the form of the conversion.
+    // owns it, misplaced keywords reported and dropped. The import rules are checked
+    // first. For now only an assembly deck is organized. A flat deck keeps its list: it
+    // has to become one part and one instance first, or its nodes and elements would
+    // all be out of place at the top level. That conversion, the name check ahead of
+    // the organizer and the scoped-name rewrite behind it join this operation later;
+    // `fullConversion` will select the form of the conversion.
     void ReorganizeKeywords(bool fullConversion);
+    // ReorganizeKeywords, and then the model of an assembly deck: the nodes, elements
+    // and sets of every part, and those of the assembly and its instances. With
+    // `fullConversion` an import job is not held to the import rules here.
+    void Classify(bool fullConversion);
     // The structural checks of parts, instances and rigid bodies, and of the blocks that
     // open and close them; all findings go to the error sink together at the end. The
     // rules of parts and rigid bodies need an assembly deck and read the element maps;
@@ -107,8 +111,14 @@ public:
     inp_ModelParameters modelParameters;
 
 private:
+    // *IMPORT beside *MAP SOLUTION, and an import job that cannot be served.
+    void CheckImportUse(bool skipImportRules);
     // The organizer on a copy of `keywords`, whose result the deck takes.
     void Reorganize();
+    // The extraction passes over the organized list; their results replace the deck's
+    // maps only at the end, so that a pass that raises leaves the maps as they were.
+    void ExtractPartMaps();
+    void ExtractAssemblyMaps();
     // Drops the blank keywords (value 0) that passes leave where they removed one;
     // the top level only.
     void RemoveEmptyKeywords();

@@ -1,0 +1,98 @@
+// Classify on decks read from files: the model of every part, instance and the
+// assembly, and the import rules.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "../support/inp_TestFiles.h"
+#include "inp.h"
+
+using inp_test::TempDir;
+
+namespace {
+
+wip_WIP& Sink() { return thr_ThreadSingleton<wip_WIP>::Instance(); }
+
+std::vector<int> Ids(const cow_1DArrayList<int>& list) {
+    std::vector<int> out;
+    for (int i = 0; i < list.Count(); ++i) out.push_back(list.ConstGet(i));
+    return out;
+}
+
+// Only what Classify said is left in the sink.
+void Classified(inp_Deck& deck, const std::string& path) {
+    deck.Parse(path.c_str());
+    deck.ExpandKeywords();
+    Sink().Clear();
+    deck.Classify(true);
+}
+
+}  // namespace
+
+TEST(DeckClassify, AnAssemblyDeckGetsTheModelOfItsPartsAndInstances) {
+    inp_Deck deck;
+    Classified(deck, INP_EXAMPLES_DIR "/bracket_assembly.inp");
+    EXPECT_EQ(inp_test::SinkRecords(), std::vector<std::string>{});
+
+    const inp_CoordMap& part = deck.partCoordinates.instances.ConstGet(cow_String("BRACKET")).ConstGet();
+    EXPECT_EQ(part.Count(), 10);
+    EXPECT_DOUBLE_EQ(part.ConstGet(3).x, 2.0);
+    EXPECT_EQ(deck.partElements.ConstGet(cow_String("BRACKET")).Count(), 4);
+    EXPECT_EQ(Ids(deck.partNodeSets.ConstGetNestedSet(cow_String("BRACKET"), cow_String("ENDS")).ConstGetIds()),
+              (std::vector<int>{1, 5, 101, 105}));
+
+    // Both instances hold the part's one element table; the right one is moved.
+    EXPECT_EQ(&deck.assemblyElements.ConstGet(cow_String("LEFT")), &deck.assemblyElements.ConstGet(cow_String("RIGHT")));
+    const inp_CoordMap& right = deck.assemblyCoordinates.instances.ConstGet(cow_String("RIGHT")).ConstGet();
+    EXPECT_DOUBLE_EQ(right.ConstGet(5).x, 14.0);
+    EXPECT_TRUE(deck.instanceTransformations.ConstGet(cow_String("LEFT")).IsIdentity());
+
+    const inpM_BaseSet& fixed = deck.assemblyNodeSets.ConstGetSet(cow_String("FIXED"));
+    EXPECT_EQ(Ids(fixed.ConstGetSecondLevelIds(cow_String("LEFT"))), (std::vector<int>{1, 2, 3, 4, 5}));
+    EXPECT_EQ(Ids(fixed.ConstGetSecondLevelIds(cow_String("RIGHT"))), (std::vector<int>{1}));
+    EXPECT_EQ(Ids(deck.assemblyElementSets.ConstGetNestedSet(cow_String("RIGHT"), cow_String("WEB")).ConstGetIds()),
+              (std::vector<int>{1, 2, 3, 4}));
+}
+
+TEST(DeckClassify, ExtractionMessagesReachTheSinkAndEveryPassRuns) {
+    TempDir dir;
+    const std::string deck =
+        "*PART, NAME=P\n*NODE\n1, 0., 0., 0.\n2, 1., 0., 0.\n*ELEMENT, TYPE=T3D2, ELSET=BARS\n1, 1, 2\n"
+        "*ELEMENT, TYPE=XYZ\n2, 1, 2\n*NGEN, NSET=LINE\n1, 2, 3\n*END PART\n"
+        "*ASSEMBLY, NAME=A\n*INSTANCE, NAME=I, PART=P\n*END INSTANCE\n*NSET, NSET=S\nI.1, NOPE, J.3\n"
+        "*END ASSEMBLY\n";
+    inp_Deck model;
+    Classified(model, dir.Write("deck.inp", deck));
+    const std::vector<std::string> records = inp_test::SinkRecords();
+    // The element, node and layer passes of the parts, then those of the assembly; the
+    // layer pass tells of the unknown type in its own words.
+    ASSERT_EQ(records.size(), 4u);
+    EXPECT_NE(records[0].find("Element type \"XYZ\" is not supported."), std::string::npos) << records[0];
+    EXPECT_NE(records[1].find("Nodes cannot be generated between 1 and 2 with a step of 3."), std::string::npos)
+        << records[1];
+    EXPECT_NE(records[2].find("Element type XYZ is not supported."), std::string::npos) << records[2];
+    EXPECT_NE(records[3].find("The following sets/ids do not exist:\nNOPE, J.3"), std::string::npos) << records[3];
+    EXPECT_TRUE(model.assemblyNodeSets.IsMember(cow_String("S")));
+}
+
+TEST(DeckClassify, ImportRules) {
+    TempDir dir;
+    const std::string both = "*HEADING\n*IMPORT, UPDATE=NO\n*MAP SOLUTION\n*IMPORT, UPDATE=NO\n*MAP SOLUTION\n";
+    inp_Deck deck;
+    Classified(deck, dir.Write("both.inp", both));
+    const std::vector<std::string> records = inp_test::SinkRecords();
+    ASSERT_FALSE(records.empty());
+    EXPECT_EQ(records[0], "E0: *IMPORT and *MAP SOLUTION (rezoning) cannot be used in the same analysis. ");
+    // With the full conversion an import job is not held to the part map rule here;
+    // the plain road is.
+    EXPECT_EQ(records.size(), 1u);
+    inp_Deck plain;
+    plain.Parse(dir.Write("import.inp", "*HEADING\n*IMPORT, UPDATE=NO\n").c_str());
+    plain.ExpandKeywords();
+    Sink().Clear();
+    plain.ReorganizeKeywords(false);
+    EXPECT_EQ(inp_test::SinkRecords().back(),
+              "E0: An import analysis requires the part map from a previous job. Please use the -oldpartmap command "
+              "line option to specify it.");
+}
