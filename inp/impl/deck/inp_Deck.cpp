@@ -114,27 +114,26 @@ void inp_Deck::ExtractAssemblyMaps() {
     // A continuation job that takes its geometry from the earlier one counts ids only.
     const bool computeCoordinates =
         replaceInheritedMaps || !hasInheritedPartMap || !(hasImport || hasSymmetricModelGeneration);
+    // What an assembly pass knows of the instances before the walk; an instance that
+    // an earlier job made brings its sets from that job.
     const cow_List<cow_String> instances = instanceToPart.Instances();
+    auto Introduce = [&](auto& pass, const inpM_SetMap& importedSets) {
+        pass.instanceToPart = instanceToPart;
+        pass.instanceNames = instances;
+        if (!replaceInheritedMaps) return;
+        pass.importedInstances = instanceNames;
+        pass.importedSets = importedSets;
+    };
 
     inp_AssemblyElementVisitor elementPass(partElements, partElementSets, computeCoordinates);
-    elementPass.instanceToPart = instanceToPart;
-    elementPass.instanceNames = instances;
-    if (replaceInheritedMaps) {
-        elementPass.importedInstances = instanceNames;
-        elementPass.importedSets = secondElementSets;
-    }
+    Introduce(elementPass, secondElementSets);
     elementPass.VisitList(keywords);
     assemblyLevelKeywords = elementPass.deferredKeywords;
     elementPass.Report();
 
     inp_AssemblyNodeVisitor nodePass(elementPass.elements, elementPass.setMap, partCoordinates, partNodeSets,
                                      hasSymmetricModelGeneration, computeCoordinates);
-    nodePass.instanceToPart = instanceToPart;
-    nodePass.instanceNames = instances;
-    if (replaceInheritedMaps) {
-        nodePass.importedInstances = instanceNames;
-        nodePass.importedSets = secondNodeSets;
-    }
+    Introduce(nodePass, secondNodeSets);
     nodePass.VisitListAndReport(keywords);
 
     inp_NodeGenerationVisitor generation(nodePass.coordMap, elementPass.elements, elementPass.setMap,
