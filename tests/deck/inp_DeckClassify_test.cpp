@@ -96,3 +96,24 @@ TEST(DeckClassify, ImportRules) {
               "E0: An import analysis requires the part map from a previous job. Please use the -oldpartmap command "
               "line option to specify it.");
 }
+
+TEST(DeckClassify, CompletedElementsPrintAndReadBack) {
+    TempDir dir;
+    const std::string deck =
+        "*PART, NAME=P\n*ELEMENT, TYPE=CAXA81, ELSET=E\n1, 1, 2, 3, 4, 5, 6, 7, 8\n*END PART\n"
+        "*ASSEMBLY, NAME=A\n*INSTANCE, NAME=I, PART=P\n*END INSTANCE\n*END ASSEMBLY\n";
+    inp_Deck first;
+    Classified(first, dir.Write("deck.inp", deck));
+    aio_ostringstream printed;
+    first.Print(printed);
+    printed.flush();
+    const std::string text = printed.str().c_str();
+    EXPECT_NE(text.find("100006, 100007,\n100008\n"), std::string::npos) << text;
+
+    inp_Deck second;
+    Classified(second, dir.Write("printed.inp", text));
+    EXPECT_EQ(inp_test::SinkRecords(), std::vector<std::string>{});
+    const inp_Element& element = second.partElements.ConstGet(cow_String("P")).ConstGet(1);
+    ASSERT_EQ(element.numNodes, 16);
+    EXPECT_EQ(element.nodes[15], 100008);
+}

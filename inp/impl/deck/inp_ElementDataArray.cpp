@@ -5,6 +5,8 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "aio_ostream.h"
+#include "atr_Number.h"
 #include "inp_Exceptions.h"
 #include "nex_Exception.h"
 
@@ -203,6 +205,25 @@ void inp_ElementDataArrayImpl::Append(const char*) {
 bool inp_ElementDataArrayImpl::LastItemIsBlank(int i) const {
     NEX_ASSERT(i >= 0 && i < nrows);
     return rows[i][ncols[i] - 1] == 0;
+}
+
+void inp_ElementDataArrayImpl::PrintLine(int line, aio_ostream& out) const {
+    NEX_ASSERT(line >= 0 && line < nrows);
+    // Only a line of an element that goes on holds more than 16 items.
+    const int items = ncols[line];
+    const bool continued = items > kLineNodes && rows[line][items - 1] == 0;
+    const int written = continued ? items - 1 : items;
+    char buffer[16 * 16];
+    for (int j = 0; j < written; ++j) {
+        int used = 0;
+        if (j > 0) {
+            buffer[used++] = ',';
+            buffer[used++] = ' ';
+        }
+        used += atr_WriteInt(rows[line][j], buffer + used);
+        out.write(buffer, static_cast<size_t>(used));
+    }
+    if (continued) out.write(",", 1);
 }
 
 inp_DataArrayImpl* inp_ElementDataArrayImpl::Clone() const { return new inp_ElementDataArrayImpl(*this); }

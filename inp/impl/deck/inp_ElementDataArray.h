@@ -46,6 +46,9 @@ public:
     void Set(int line, int item, int value) override;
     void Append(const char* line) override;
     bool LastItemIsBlank(int line) const override;
+    // A line that an element continues ends in a comma, as the reader expects; the 0
+    // that marks it in the array is not written.
+    void PrintLine(int line, aio_ostream& out) const override;
     inp_DataArrayImpl* Clone() const override;
 
     // The number of lines an element of n nodes takes in the layout above.
