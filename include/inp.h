@@ -59,6 +59,7 @@
 #include "inp_ElementVisitor.h"
 #include "inp_ElementTypes.h"
 #include "inp_NodeGenerationVisitor.h"
+#include "inp_AssyLevelElemVisitor.h"
 #include "inpM_IdMap.h"
 #include "inpM_InstanceMap.h"
 #include "inpM_PartMap.h"
