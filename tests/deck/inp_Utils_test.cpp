@@ -78,6 +78,9 @@ TEST(Utils, ExpandGeneration) {
         {{-3, 3, 3}, {-3, 0, 3}, nullptr},
         {{7}, {}, fewer},
         {{}, {}, fewer},
+        // A sequence no model could hold is refused before it is built.
+        {{1, 999999999}, {}, "The generation on the *NSET keyword gives more than 100000000 ids."},
+        {{-2147483647, 2147483647, 2}, {}, "The generation on the *NSET keyword gives more than 100000000 ids."},
     };
     for (const Case& c : cases) {
         inp_Utils::Generation g = inp_Utils::ExpandGeneration(Ids(c.ids), "*NSET");

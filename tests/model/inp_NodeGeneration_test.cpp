@@ -208,12 +208,17 @@ TEST(NodeGeneration, NgenLinesAndArcs) {
     EXPECT_POINT(p.Node(22), -1.0, 0.0, 0.0);
     EXPECT_POINT(p.Node(21), 0.0, 1.0, 0.0);
 
+    inp_Keyword huge = MakeWithData(inp_kwNgen, {}, {"1, 999999999"});
+    p.v.VisitNgen(huge);
     inp_Keyword line = MakeWithData(inp_kwNgen, {}, {"1, 41, 10"});
     p.v.VisitNgen(line);
     inp_Keyword missing = MakeWithData(inp_kwNgen, {}, {"50, 52"});
     p.v.VisitNgen(missing);
     EXPECT_TRUE(p.HasNode(50));
     EXPECT_EQ(ToVector(p.v.errors), (Strings{In("NGEN", "Nodes cannot be generated between 20 and 20 with a step of 1."),
+                                             In("NGEN", "Node 999999999 does not exist."),
+                                             In("NGEN", "The generation on the *NGEN keyword gives more than "
+                                                        "100000000 ids."),
                                              In("NGEN", "Node 41 does not exist."),
                                              In("NGEN", "Node 50 does not exist."),
                                              In("NGEN", "Node 52 does not exist.")}));

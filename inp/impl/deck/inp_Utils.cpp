@@ -105,6 +105,10 @@ bool inp_Utils::IsScopedSetName(const cow_List<cow_String>& segments) {
     return segments.Count() > 1 && inp_Types::MatchSetName(segments.Last());
 }
 
+atr_String inp_Utils::TooManyGenerated(const cow_String& context) {
+    return atr_Format("The generation on the %s keyword gives more than 100000000 ids.", context);
+}
+
 // Arithmetic in 64 bits: ids come from atoi and may lie anywhere in the int range.
 inp_Utils::Generation inp_Utils::ExpandGeneration(const cow_1DArrayList<int>& ids, const cow_String& context) {
     Generation result;
@@ -131,6 +135,12 @@ inp_Utils::Generation inp_Utils::ExpandGeneration(const cow_1DArrayList<int>& id
         return result;
     }
     long long count = distance / increment + 1;
+    // No model holds that many ids; a sequence this long is a typing error, and building
+    // it would exhaust the memory of the machine before anything could be reported.
+    if (count > kMaxGeneratedIds) {
+        result.errors.Append(TooManyGenerated(context));
+        return result;
+    }
     for (long long k = 0; k < count; ++k) result.ids.Append(static_cast<int>(start + k * increment));
     return result;
 }

@@ -47,6 +47,11 @@ public:
     // More than one segment, the last of them a set name: `Pump-1.Top`, not `Pump-1.12`.
     static bool IsScopedSetName(const cow_List<cow_String>& segments);
 
+    // No model holds more ids than this; a generator asked for more is refused with
+    // TooManyGenerated rather than left to exhaust the memory of the machine.
+    static constexpr long long kMaxGeneratedIds = 100000000;
+    static atr_String TooManyGenerated(const cow_String& context);
+
     // The ids of one data line, start, end and an optional increment, as the sequence
     // they stand for. `context` names the keyword in the messages.
     static Generation ExpandGeneration(const cow_1DArrayList<int>& ids, const cow_String& context);

@@ -356,6 +356,8 @@ void inp_ElementVisitor::VisitElgen(inp_Keyword& keyword) {
         const double highest = static_cast<double>(master) + (number - 1.0) * increment +
                                (rows - 1.0) * rowIncrement + (layers - 1.0) * layerIncrement;
         if (highest > 999999999.0) return report(atr_raw("Maximum element number allowed is 999999999."));
+        if (static_cast<double>(number) * rows * layers > static_cast<double>(inp_Utils::kMaxGeneratedIds))
+            return report(inp_Utils::TooManyGenerated(cow_String("*ELGEN")));
         if (!table.HasKey(master)) {
             if (!storeConnectivity) return;
             atr_translate t("Master element %d is not defined.");

@@ -170,8 +170,12 @@ void inp_NodeVisitor::VisitNcopy(inp_Keyword& keyword) {
     const int multiple = mode == kShift ? keyword.GetParameterAsInt(cow_String("multiple"), 1) : 1;
     const cow_1DArrayList<int> oldIds = old->ConstGetIds();
     const bool unsorted = old->IsUnsorted(), internal = old->IsInternal();
+    if (static_cast<long long>(multiple) * oldIds.Count() > inp_Utils::kMaxGeneratedIds) {
+        errors.Append(inp_Utils::MessageInKeyword(keyword, inp_Utils::TooManyGenerated(cow_String("*NCOPY"))));
+        return;
+    }
     inp_CoordMap* map = ScopeMap();
-    cow_1DArrayList<int> ids(multiple > 0 && oldIds.Count() < (1 << 24) / multiple ? multiple * oldIds.Count() : 0);
+    cow_1DArrayList<int> ids(multiple > 0 ? multiple * oldIds.Count() : 0);
     // Ids beyond the int range are no ids: such a copy is dropped.
     auto newId = [&](int k, int oldId, int& id) {
         const long long value = change * k + oldId;
@@ -327,6 +331,8 @@ bool inp_NodeVisitor::NfillLine(const inp_Keyword& keyword, int line, double bia
                               cow_String(count)})));
     const int n = data.AsInt(line, 2);
     if (n < 1) return report(atr_raw("The number of intervals must be given."));
+    if (static_cast<long long>(count) * n > inp_Utils::kMaxGeneratedIds)
+        return report(inp_Utils::TooManyGenerated(cow_String("*NFILL")));
     if (singular && n % 2 != 0)
         return report(atr_raw("The number of intervals must be even when the SINGULAR parameter is specified."));
     double step = 1.0, total = 0.0;
@@ -523,6 +529,10 @@ bool inp_NodeVisitor::NgenLine(const inp_Keyword& keyword, int line, const cow_S
     }
 
     const long long count = (diff < 0 ? -diff : diff) / (inc < 0 ? -static_cast<long long>(inc) : inc) + 1;
+    if (count > inp_Utils::kMaxGeneratedIds) {
+        report(inp_Utils::TooManyGenerated(cow_String("*NGEN")));
+        return false;
+    }
     ids.Append(firstId);
     for (long long i = 1; i <= count - 2; ++i) {
         const long long value = firstId + i * inc;

@@ -222,6 +222,8 @@ void inp_NodeGenerationVisitor::VisitElgen(inp_Keyword& keyword) {
         if (!StackOf(source.type, source.bottomNodes != 0, stack)) continue;
         if (rows < 1) rows = 1;
         if (layers < 1) layers = 1;
+        // The element pass refused a generation this large.
+        if (static_cast<double>(number) * rows * layers > static_cast<double>(inp_Utils::kMaxGeneratedIds)) return;
         for (int k = 0; k < layers; ++k)
             for (int j = 0; j < rows; ++j)
                 for (int i = 0; i < number; ++i) {
