@@ -60,6 +60,8 @@
 #include "inp_ElementTypes.h"
 #include "inp_NodeGenerationVisitor.h"
 #include "inp_AssyLevelElemVisitor.h"
+#include "inp_SurfaceVisitor.h"
+#include "shp_ShapeDictionary.h"
 #include "inpM_IdMap.h"
 #include "inpM_InstanceMap.h"
 #include "inpM_PartMap.h"

@@ -8,6 +8,7 @@
 #include "inp_Organizer.h"
 #include "inp_Parser.h"
 #include "inp_PartInventoryVisitor.h"
+#include "inp_SurfaceVisitor.h"
 #include "inp_Utils.h"
 #include "omi_Timer.h"
 #include "thr_ThreadSingleton.h"
@@ -99,11 +100,15 @@ void inp_Deck::ExtractPartMaps() {
     inp_NodeGenerationVisitor generation(nodePass.coordMap, elementPass.elements, elementPass.setMap, true,
                                          hasInheritedPartMap, true, cow_String());
     generation.VisitListAndReport(keywords);
+    // Surfaces see the nodes the deck gave, without the layers of stacked elements.
+    inp_PartSurfaceVisitor surfacePass(elementPass.setMap, nodePass.setMap, elementPass.elements, nodePass.coordMap);
+    surfacePass.VisitListAndReport(keywords);
 
     partCoordinates = generation.coordMap;
     partElements = elementPass.elements;
     partNodeSets = nodePass.setMap;
     partElementSets = elementPass.setMap;
+    partSurfaces = surfacePass.surfaces;
     timer.Stop();
     inp_Utils::TimingLine(__FILE__, __LINE__, "ExtractPartMaps - Elapsed time: ", timer);
 }
@@ -140,17 +145,29 @@ void inp_Deck::ExtractAssemblyMaps() {
                                          computeCoordinates, hasInheritedPartMap, false, cow_String());
     generation.VisitListAndReport(keywords);
 
+    inp_AssemblySurfaceVisitor surfacePass(elementPass.setMap, nodePass.setMap, elementPass.elements,
+                                           nodePass.coordMap, partSurfaces);
+    surfacePass.instanceToPart = instanceToPart;
+    if (replaceInheritedMaps) {
+        surfacePass.importedInstances = instanceNames;
+        surfacePass.importedSurfaces = secondSurfaces;
+    }
+    surfacePass.VisitListAndReport(keywords);
+
     assemblyCoordinates = generation.coordMap;
     assemblyElements = elementPass.elements;
     if (!hasInheritedPartMap || replaceInheritedMaps) {
         assemblyNodeSets = nodePass.setMap;
         assemblyElementSets = elementPass.setMap;
+        assemblySurfaces = surfacePass.surfaces;
         instanceTransformations = nodePass.transforms;
     } else {
+        // A continuation job: the model came from the earlier job, and the deck adds to it.
         newModelNodeSets = nodePass.setMap;
         assemblyNodeSets.Merge(newModelNodeSets);
         newModelElementSets = elementPass.setMap;
         assemblyElementSets.Merge(newModelElementSets);
+        if (hasSymmetricModelGeneration) assemblySurfaces.Merge(surfacePass.surfaces);
     }
     timer.Stop();
     inp_Utils::TimingLine(__FILE__, __LINE__, "ExtractAssemblyMaps - Elapsed time: ", timer);
