@@ -267,3 +267,11 @@ TEST(StripBlanks, RemovesBlanksOutsideQuotes) {
         EXPECT_EQ(StripBlanks(cow_String(c.in)), c.out) << c.in;
     }
 }
+
+TEST(RawDataArray, TextLengthIsTheLengthOfTheComparedForm) {
+    inp_RawDataArrayImpl raw;
+    raw.Append(" 12 ,0000000001,  a b , \"x y\" ,\t,\"open");
+    for (int j = 0; j < raw.NumberOfItems(0); ++j)
+        EXPECT_EQ(raw.TextLength(0, j), raw.AsString(0, j).Length()) << j;
+    EXPECT_EQ(raw.TextLength(0, 1), 10);
+}

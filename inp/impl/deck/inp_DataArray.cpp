@@ -18,7 +18,8 @@ const int kInitialRows = 10;
 inline bool IsBlankChar(char c) { return c == ' ' || c == '\t' || c == '\r'; }
 
 // Copies up to n characters of s to out with the StripBlanks rule and gives the length
-// written. out may be s itself: it never runs ahead of the reading position.
+// written. out may be s itself: it never runs ahead of the reading position. A null out
+// only counts.
 int StripBlanksCopy(const char* s, int n, char* out, bool upper) {
     bool quoted = false;
     int w = 0;
@@ -26,14 +27,16 @@ int StripBlanksCopy(const char* s, int n, char* out, bool upper) {
         char c = s[r];
         if (c == '\0') break;
         if (c == '\n') {
-            out[w++] = c;
+            if (out) out[w] = c;
+            ++w;
             break;
         }
         if (c == '"')
             quoted = !quoted;
         else if (!quoted && IsBlankChar(c))
             continue;
-        out[w++] = upper ? static_cast<char>(std::toupper(static_cast<unsigned char>(c))) : c;
+        if (out) out[w] = upper ? static_cast<char>(std::toupper(static_cast<unsigned char>(c))) : c;
+        ++w;
     }
     return w;
 }
@@ -237,6 +240,16 @@ cow_String inp_RawDataArrayImpl::AsStringVerbatim(int line, int item) const {
     while (p < end && (*p == ' ' || *p == '\t')) ++p;
     while (end > p && (end[-1] == ' ' || end[-1] == '\t')) --end;
     return cow_String(p, static_cast<int>(end - p));
+}
+
+int inp_DataArrayImpl::TextLength(int line, int item) const { return AsString(line, item).Length(); }
+
+int inp_RawDataArrayImpl::TextLength(int line, int item) const {
+    const char* p = Item(line, item);
+    const char* end = p + std::strlen(p);
+    while (p < end && (*p == ' ' || *p == '\t')) ++p;
+    while (end > p && (end[-1] == ' ' || end[-1] == '\t')) --end;
+    return StripBlanksCopy(p, static_cast<int>(end - p), nullptr, false);
 }
 
 // Trim first, then strip: with an unbalanced quote the two differ, and the trimmed form

@@ -36,6 +36,8 @@ public:
     virtual cow_String AsString(int line, int item) const = 0;
     // Trimmed, in its own case.
     virtual cow_String AsStringVerbatim(int line, int item) const = 0;
+    // AsString(line, item).Length(), which an array may tell without making the string.
+    virtual int TextLength(int line, int item) const;
     virtual void Set(int line, int item, const cow_String& text) = 0;
     virtual void Set(int line, int item, double value) = 0;
     virtual void Set(int line, int item, int value) = 0;
@@ -67,6 +69,7 @@ public:
     double AsDouble(int line, int item) const override;
     cow_String AsString(int line, int item) const override;
     cow_String AsStringVerbatim(int line, int item) const override;
+    int TextLength(int line, int item) const override;
     // Rebuilds the whole line: the other items come back in their AsString form, and
     // positions between the old end and `item` are left empty.
     void Set(int line, int item, const cow_String& text) override;
@@ -125,6 +128,7 @@ public:
     double AsDouble(int line, int item) const { return SharedGet().AsDouble(line, item); }
     cow_String AsString(int line, int item) const { return SharedGet().AsString(line, item); }
     cow_String AsStringVerbatim(int line, int item) const { return SharedGet().AsStringVerbatim(line, item); }
+    int TextLength(int line, int item) const { return SharedGet().TextLength(line, item); }
     void Set(int line, int item, const cow_String& text) { SharedGet().Set(line, item, text); }
     void Set(int line, int item, double value) { SharedGet().Set(line, item, value); }
     void Set(int line, int item, int value) { SharedGet().Set(line, item, value); }

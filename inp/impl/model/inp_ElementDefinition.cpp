@@ -46,9 +46,6 @@ bool EndsBlank(const inp_DataArray& data, int line) {
     return data.NumberOfItems(line) > 0 && data.LastItemIsBlank(line);
 }
 
-// Text of an item as a count of digits: ids have at most nine.
-int TextLength(const inp_DataArray& data, int line, int item) { return data.AsString(line, item).Length(); }
-
 }  // namespace
 
 omi_IntTable<inp_Element>& inp_ElementVisitor::ScopeTable() {
@@ -152,7 +149,7 @@ void inp_ElementVisitor::VisitElement(inp_Keyword& keyword) {
             report(atr_Format("Element number is not an integer for element of type %s.", type));
             break;
         }
-        if (TextLength(data, line, 0) > 9) {
+        if (data.TextLength(line, 0) > 9) {
             report(atr_Format("Element number exceeds 9 digits for element of type %s.", type));
             break;
         }
@@ -192,18 +189,19 @@ void inp_ElementVisitor::VisitElement(inp_Keyword& keyword) {
                 continue;
             }
             if (!data.HasValue(line, j)) continue;
-            const cow_String element(id);
+            const char* problem = nullptr;
             if (data.Type(line, j) != inp_Types::typeInt) {
-                report(atr_Format("Non integer in element connectivity for element %1$s", element));
-            } else if (TextLength(data, line, j) > 9) {
-                report(atr_Format("Integer exceeds 9 digits in element connectivity for element %1$s.", element));
+                problem = "Non integer in element connectivity for element %1$s";
+            } else if (data.TextLength(line, j) > 9) {
+                problem = "Integer exceeds 9 digits in element connectivity for element %1$s.";
             } else {
                 const int node = data.AsInt(line, j);
                 if (node < 0 || (node == 0 && !zeroAllowed))
-                    report(atr_Format("Integer in element connectivity for element %1$s is zero or negative.", element));
+                    problem = "Integer in element connectivity for element %1$s is zero or negative.";
                 else
                     nodes.push_back(node);
             }
+            if (problem) report(atr_Format(problem, cow_String(id)));
         }
         // Continuation lines.
         while (continued && line + 1 < numLines) {
