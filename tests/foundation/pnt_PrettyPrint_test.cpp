@@ -21,7 +21,7 @@ TEST(PntPrettyPrint, BlocksPrefixTheirLinesPerThread) {
     out.SetCapture(true);
     out.ClearCaptured();
     out << "plain " << 1 << endl;
-    out.StartDebug("/src/inp/impl/inp_Deck.cpp", 210);
+    out.StartDebug("/src/inp/impl/frame/inp_Deck.cpp", 210);
     out << "Expand Keywords - Elapsed time: " << 0.25 << "  CPU time: " << 0.125 << endl;
     out << cow_String("s") << ' ' << -3 << ' ' << 7u << ' ' << 8L << ' ' << 1e-7 << endl;
     out.StartDebug("C:\\build\\inp_Parser.cpp", 7);
