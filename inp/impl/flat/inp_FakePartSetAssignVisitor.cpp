@@ -227,8 +227,9 @@ cow_List<cow_String> inp_FakePartSetAssignVisitor::HolderNames(int kind) const {
 }
 
 bool inp_FakePartSetAssignVisitor::Holds(int kind, const cow_String& part, int id) const {
-    return IsElementKind(kind) ? partElements.ConstGet(part).HasKey(id)
-                               : partCoordinates.instances.ConstGet(part).ConstGet().HasId(id);
+    if (IsElementKind(kind)) return partElements.ConstGet(part).HasKey(id);
+    const inp_CoordMap::Handle* coordinates = partCoordinates.instances.Lookup(part);
+    return coordinates && coordinates->HasValue() && coordinates->ConstGet().HasId(id);
 }
 
 #define INP_FAKEASSIGN_DEFINE(Ident)                                     \
