@@ -201,15 +201,23 @@ void inp_FakePartVisitor::GetConvertedKeywords(cow_1DArrayList<inp_Keyword>& res
     omi_IntTableIterator<inp_Element> it(FlatElementTable());
     for (it.First(); !it.IsDone(); it.Next()) {
         const inp_Element& element = it.CurrentValue();
-        const cow_List<cow_String> elementParts = PartsOfElement(element);
-        if ((elementParts.Count() == 1 && elementParts[0] != part1) || IsConnectorType(element.type) ||
-            IsRigidType(element.type)) {
+        bool held = false;
+        for (int n = 0; n < element.numNodes && !held; ++n)
+            held = IsRefNode(element.nodes[n]) && !HoldersOf(element.nodes[n]).IsEmpty();
+        // Without a held node the element's one part is PART-1, and the parts need not
+        // be worked out: the mesh of a large deck passes here.
+        if (held) {
+            const cow_List<cow_String> elementParts = PartsOfElement(element);
+            if (elementParts.Count() == 1 && elementParts[0] != part1) {
+                other.Append(it.CurrentKey());
+                continue;
+            }
+        }
+        if (IsConnectorType(element.type) || IsRigidType(element.type)) {
             other.Append(it.CurrentKey());
             continue;
         }
         plain.Append(it.CurrentKey());
-        bool held = false;
-        for (int n = 0; n < element.numNodes && !held; ++n) held = !HoldersOf(element.nodes[n]).IsEmpty();
         if (held)
             for (int n = 0; n < element.numNodes; ++n) MoveNodeToPart(element.nodes[n], part1);
     }
