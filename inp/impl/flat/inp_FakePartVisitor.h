@@ -196,7 +196,7 @@ protected:
     // The parts of an element's nodes, each once; a node nobody holds counts as PART-1.
     cow_List<cow_String> PartsOfElement(const inp_Element& element) const;
     void MoveNodeToPart(int node, const cow_String& part);
-    // The elements and node sets of the flat model; empty when there are none.
+    // The elements, nodes and sets of the flat model; empty (or null) when there are none.
     const omi_IntTable<inp_Element>& FlatElementTable() const;
     omi_IntTable<inp_Element>& WritableFlatElements();
     const inp_CoordMap* FlatNodes() const;
@@ -212,8 +212,8 @@ protected:
     void BuildKeywordList(cow_1DArrayList<inp_Keyword>& result);
     void AddInstanceTransform(inp_Keyword& instance, const gsl_Matrix& matrix) const;
     void AddElementKeywords(cow_1DArrayList<inp_Keyword>& result) const;
-    // One *ELEMENT per element of the assembly level, its nodes named through the
-    // instance that `NodeScope` gives.
+    // One *ELEMENT per element of the assembly level, each node named through the
+    // instance of the part that holds it, or with `singlePart` through PART-1-1.
     void AddAssemblyElementKeywords(bool singlePart);
 
 private:
@@ -223,7 +223,6 @@ private:
     // question "who holds this node" is then answered without a walk over the parts.
     std::vector<int> m_refNodes;
     bool IsRefNode(int node) const;
-    void IndexRefNodes();
     // The parameter's name with the scope of PART-1-1 in front; with `stringOnly` only
     // a string item counts as a name.
     static void PrefixParameter(inp_Keyword& keyword, const char* parameter, bool stringOnly);
