@@ -32,12 +32,7 @@ public:
     std::string failOn = "<none>";
     std::map<std::string, std::string> answers;
 
-    void Walk(inp_Keyword& keyword) {
-        cow_1DArrayList<inp_Keyword> list;
-        list.Append(keyword);
-        VisitList(list);
-        keyword = list[0];  // parameters are copied on write
-    }
+    void Walk(inp_Keyword& keyword) { inp_test::VisitOne(*this, keyword); }
 
 protected:
     cow_String ReplaceReference(inp_Keyword&, const cow_String& reference, const inpM_SetMap& sets,

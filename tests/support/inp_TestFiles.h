@@ -14,6 +14,7 @@
 #include "aio_ostream.h"
 #include "inp_Deck.h"
 #include "inp_Parser.h"
+#include "inp_Visitor.h"
 #include "thr_ThreadSingleton.h"
 #include "wip_WIP.h"
 
@@ -111,6 +112,15 @@ inline inp_Keyword MakeWithData(inp_KeywordEnm value, const Params& params, cons
     inp_Keyword k = Make(value, params);
     for (const char* line : lines) k.data.Append(line);
     return k;
+}
+
+// One keyword through a pass, as a one-keyword list; the keyword takes the result,
+// since its parameters are copied on write.
+inline void VisitOne(inp_Visitor& visitor, inp_Keyword& keyword) {
+    cow_1DArrayList<inp_Keyword> list;
+    list.Append(keyword);
+    visitor.VisitList(list);
+    keyword = list[0];
 }
 
 // A message about a keyword built in code, which has no file and no line.
