@@ -15,6 +15,7 @@ namespace {
 
 using inp_test::ArrayOf;
 using inp_test::In;
+using inp_test::Line;
 using inp_test::Make;
 using inp_test::ToVector;
 using inp_test::Value;
@@ -32,7 +33,7 @@ public:
     std::string failOn = "<none>";
     std::map<std::string, std::string> answers;
 
-    void Walk(inp_Keyword& keyword) { inp_test::VisitOne(*this, keyword); }
+    void Walk(inp_Keyword& keyword) { inp_test::Walk(*this, keyword); }
 
 protected:
     cow_String ReplaceReference(inp_Keyword&, const cow_String& reference, const inpM_SetMap& sets,
@@ -48,13 +49,6 @@ protected:
         return answer != answers.end() ? cow_String(answer->second.c_str()) : cow_String("X") + reference;
     }
 };
-
-std::string Line(const inp_Keyword& k, int line) {
-    std::string text;
-    for (int j = 0; j < k.data.NumberOfItems(line); ++j)
-        text += (j ? "," : "") + std::string(k.data.AsString(line, j).c_str());
-    return text;
-}
 
 inp_Keyword WithData(inp_KeywordEnm value, std::initializer_list<const char*> lines,
                      const inp_test::Params& params = {}) {

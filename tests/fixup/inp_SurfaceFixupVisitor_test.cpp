@@ -26,7 +26,7 @@ public:
     mutable Strings scopes;
     std::string failOn = "<none>";
 
-    void Walk(inp_Keyword& keyword) { inp_test::VisitOne(*this, keyword); }
+    void Walk(inp_Keyword& keyword) { inp_test::Walk(*this, keyword); }
 
 protected:
     cow_String ReplaceSurfaceName(const cow_String& name, const cow_String& assembly, const cow_String& instance,

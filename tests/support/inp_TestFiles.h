@@ -114,18 +114,26 @@ inline inp_Keyword MakeWithData(inp_KeywordEnm value, const Params& params, cons
     return k;
 }
 
-// One keyword through a pass, as a one-keyword list; the keyword takes the result,
-// since its parameters are copied on write.
-inline void VisitOne(inp_Visitor& visitor, inp_Keyword& keyword) {
+// A message about a keyword built in code, which has no file and no line.
+inline std::string In(const char* upperName, const std::string& text) {
+    return std::string("in keyword *") + upperName + " " + text;
+}
+
+// One keyword through a pass as the only member of a list. The keyword takes back the
+// list's copy, because parameters are copied on write and a rewrite lands in the copy.
+inline void Walk(inp_Visitor& visitor, inp_Keyword& keyword) {
     cow_1DArrayList<inp_Keyword> list;
     list.Append(keyword);
     visitor.VisitList(list);
     keyword = list[0];
 }
 
-// A message about a keyword built in code, which has no file and no line.
-inline std::string In(const char* upperName, const std::string& text) {
-    return std::string("in keyword *") + upperName + " " + text;
+// A data line as its items in their compared form, joined by ",".
+inline std::string Line(const inp_Keyword& k, int line) {
+    std::string text;
+    for (int j = 0; j < k.data.NumberOfItems(line); ++j)
+        text += (j ? "," : "") + std::string(k.data.AsString(line, j).c_str());
+    return text;
 }
 
 // A parameter's value as text, or "<absent>".
