@@ -34,6 +34,9 @@ const char kUsage[] =
     "                      check, parameters.\n"
     "                      A phase that reports a fatal error (error[0]) is the last\n"
     "                      one run\n"
+    "  --simple            convert a flat deck by the simple route: everything stays in\n"
+    "                      one part, rigid bodies and rigid surfaces too (default: they\n"
+    "                      get parts of their own)\n"
     "  --tree              show the keywords on standard output as the last phase left\n"
     "                      them, one a line, each suboption two blanks further in\n"
     "  keyword NAME        resolve a keyword name as a deck line would (any case, blanks\n"
@@ -44,6 +47,9 @@ const char kUsage[] =
     "\n"
     "exit status: 0 no error reported, 1 errors reported, 2 usage or file error\n";
 
+// --simple: the reduced conversion of a flat deck.
+bool simpleConversion = false;
+
 // The phases the driver can run, in order. The deck's own name is set apart: Parse
 // takes it, the others work on what Parse read.
 struct Phase {
@@ -53,7 +59,7 @@ struct Phase {
 const Phase kPhases[] = {
     {"parse", [](inp_Deck& deck, const char* file) { deck.Parse(file); }},
     {"expand", [](inp_Deck& deck, const char*) { deck.ExpandKeywords(); }},
-    {"organize", [](inp_Deck& deck, const char*) { deck.Classify(true); }},
+    {"organize", [](inp_Deck& deck, const char*) { deck.Classify(!simpleConversion); }},
     {"check", [](inp_Deck& deck, const char*) { deck.CheckOutOfPlace(); }},
     {"parameters", [](inp_Deck& deck, const char*) { deck.setModelParameters(); }},
     {nullptr, nullptr},
@@ -105,6 +111,7 @@ struct Options {
     const char* includeDirectory = nullptr;
     const char* stopAfter = nullptr;  // the last phase
     bool tree = false;
+    bool simple = false;
 };
 
 // Why the deck file cannot be read, or null when it can.
@@ -147,6 +154,39 @@ int CountDataLines(const cow_1DArrayList<inp_Keyword>& keywords, int& count) {
     return lines;
 }
 
+// What the model of a deck holds, counted over the assembly and all its instances.
+struct ModelCounts {
+    int parts = 0, instances = 0, nodes = 0, elements = 0, nodeSets = 0, elementSets = 0, surfaces = 0;
+};
+
+int CountSets(const inpM_SetMap& sets) {
+    int count = sets.Count();
+    cow_ConstMapIterator<cow_String, inpM_SetMap::Handle> it(sets.instances);
+    for (it.First(); !it.IsDone(); it.Next()) count += it.CurrentValue().ConstGet().Count();
+    return count;
+}
+
+ModelCounts CountModel(const inp_Deck& model) {
+    ModelCounts counts;
+    cow_List<cow_String> parts = model.partElements.Instances();
+    const cow_List<cow_String> nodeParts = model.partCoordinates.InstanceNames();
+    for (int i = 0; i < nodeParts.Count(); ++i)
+        parts.AppendUnlessMember(nodeParts.ConstGet(i));
+    counts.parts = parts.Count();
+    counts.instances = model.instanceToPart.Instances().Count();
+    counts.nodes = model.assemblyCoordinates.Count();
+    counts.elements = model.assemblyElements.ConstGet().Count();
+    const cow_List<cow_String> scopes = model.assemblyElements.Instances();
+    for (int i = 0; i < scopes.Count(); ++i)
+        counts.elements += model.assemblyElements.ConstGet(scopes.ConstGet(i)).Count();
+    counts.nodeSets = CountSets(model.assemblyNodeSets);
+    counts.elementSets = CountSets(model.assemblyElementSets);
+    counts.surfaces = model.assemblySurfaces.assemblyInstanceSurfaces.Count();
+    cow_ConstMapIterator<cow_String, inpM_PartInstanceSurfaceMap> it(model.assemblySurfaces.partInstanceSurfaces);
+    for (it.First(); !it.IsDone(); it.Next()) counts.surfaces += it.CurrentValue().Count();
+    return counts;
+}
+
 int ReportSink(const char* deck, const inp_Deck& model, double seconds) {
     const wip_WIP& sink = thr_ThreadSingleton<wip_WIP>::Instance();
     for (int i = 0; i < sink.Count(); ++i) {
@@ -158,11 +198,14 @@ int ReportSink(const char* deck, const inp_Deck& model, double seconds) {
     }
     int keywords = 0;
     const int dataLines = CountDataLines(model.keywords, keywords);
+    const ModelCounts m = CountModel(model);
     std::fprintf(stderr,
-                 "inpdeck: %s: %d keywords, %d data lines; errors: %d fatal, %d non-fatal, %d serious; "
+                 "inpdeck: %s: %d keywords, %d data lines; model: %d parts, %d instances, %d nodes, %d elements, "
+                 "%d node sets, %d element sets, %d surfaces; errors: %d fatal, %d non-fatal, %d serious; "
                  "%d warnings; %.3f s\n",
-                 deck, keywords, dataLines, sink.ErrorCount(0), sink.ErrorCount(1), sink.ErrorCount(2),
-                 sink.WarningCount(), seconds);
+                 deck, keywords, dataLines, m.parts, m.instances, m.nodes, m.elements, m.nodeSets, m.elementSets,
+                 m.surfaces, sink.ErrorCount(0), sink.ErrorCount(1), sink.ErrorCount(2), sink.WarningCount(),
+                 seconds);
     return sink.ErrorCount() > 0 ? 1 : 0;
 }
 
@@ -219,6 +262,7 @@ int RunDeck(const Options& options) {
         if (!dir.empty()) model.includeDirectory = dir.string().c_str();
     }
 
+    simpleConversion = options.simple;
     omi_Timer timer;
     timer.Start();
     wip_WIP& sink = thr_ThreadSingleton<wip_WIP>::Instance();
@@ -279,6 +323,8 @@ int Run(int argc, char** argv) {
                 optionsEnded = true;
             } else if (!std::strcmp(arg, "--tree")) {
                 options.tree = true;
+            } else if (!std::strcmp(arg, "--simple")) {
+                options.simple = true;
             } else if (!std::strcmp(arg, "-p") || !std::strcmp(arg, "-I") || !std::strcmp(arg, "--stop-after")) {
                 if (i + 1 >= argc) return UsageError("missing value after ", arg);
                 const char* value = argv[++i];

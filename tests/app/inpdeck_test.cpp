@@ -48,7 +48,8 @@ TEST(Driver, ExampleDeckReadsWithoutErrors) {
     EXPECT_EQ(r.status, 0) << r.err;
     std::vector<std::string> lines = Lines(r.err);
     ASSERT_EQ(lines.size(), 1u) << r.err;
-    EXPECT_EQ(lines[0].rfind("inpdeck: " + deck + ": 18 keywords, 66 data lines; errors: 0 fatal, 0 non-fatal, "
+    EXPECT_EQ(lines[0].rfind("inpdeck: " + deck + ": 18 keywords, 66 data lines; model: 0 parts, 0 instances, 0 nodes, "
+                             "0 elements, 0 node sets, 0 element sets, 0 surfaces; errors: 0 fatal, 0 non-fatal, "
                              "0 serious; 0 warnings; ", 0), 0u)
         << lines[0];
 
@@ -72,7 +73,8 @@ TEST(Driver, MessagesGoToStandardErrorOneLineEach) {
     EXPECT_EQ(lines[2],
               "error[1]: Problem when parsing keyword: NSET     Invalid parameter: \"A\"=1. The parameter may be "
               "misspelled, obsolete, or invalid.");
-    EXPECT_EQ(lines[3].rfind("inpdeck: " + deck + ": 1 keywords, 0 data lines; errors: 1 fatal, 2 non-fatal, "
+    EXPECT_EQ(lines[3].rfind("inpdeck: " + deck + ": 1 keywords, 0 data lines; model: 0 parts, 0 instances, 0 nodes, "
+                             "0 elements, 0 node sets, 0 element sets, 0 surfaces; errors: 1 fatal, 2 non-fatal, "
                              "0 serious; 0 warnings; ", 0), 0u)
         << lines[3];
 }
@@ -82,10 +84,10 @@ TEST(Driver, IncludeDirectoryDefaultsToTheDeckDirectory) {
     dir.Write("lib/mesh.inc", "*NODE\n1, 0., 0., 0.\n");
     const std::string deck = dir.Write("decks/main.inp", "*INCLUDE, INPUT=mesh.inc\n");
     dir.Write("decks/mesh.inc", "*HEADING\n");
-    DriverRun here = RunDriver(dir, "-p - " + Quoted(deck));
+    DriverRun here = RunDriver(dir, "--stop-after expand -p - " + Quoted(deck));
     EXPECT_EQ(here.status, 0) << here.err;
     EXPECT_EQ(here.out, "*heading\n");
-    DriverRun lib = RunDriver(dir, "-I " + Quoted(dir / "lib") + " -p - " + Quoted(deck));
+    DriverRun lib = RunDriver(dir, "--stop-after expand -I " + Quoted(dir / "lib") + " -p - " + Quoted(deck));
     EXPECT_EQ(lib.status, 0) << lib.err;
     EXPECT_EQ(lib.out, "*node\n1, 0., 0., 0., 0., 0., 0.\n");
 }

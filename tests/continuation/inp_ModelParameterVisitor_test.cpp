@@ -60,7 +60,9 @@ TEST(ModelParameters, NumbersRiseFromOneAndNeverFall) {
 TEST(ModelParameters, FlagsFollowTheKeywordsAndTheirOrder) {
     inp_ModelParameters empty = ParametersOf("");
     EXPECT_FALSE(empty.hasSymmetricModelGeneration || empty.hasThicknessTemperatures || empty.hasLeadingImport ||
-                 empty.hasGeneralStatic || empty.hasImportedInstance || empty.hasPartsOrInstances);
+                 empty.hasGeneralStatic || empty.hasImportedInstance);
+    // Even an empty flat deck is converted into one part and its instance.
+    EXPECT_TRUE(empty.hasPartsOrInstances);
 
     for (const char* type : {"DS4", "ds8", "S8RT"})
         EXPECT_TRUE(ParametersOf(std::string("*ELEMENT, TYPE=") + type + "\n1, 1, 2, 3, 4\n").hasThicknessTemperatures)

@@ -140,3 +140,26 @@ TEST(Utils, SplitScopedSetKeepsQuotedPeriods) {
         EXPECT_EQ(got, c.segments) << c.name;
     }
 }
+
+TEST(Utils, CreateFlattenedNameJoinsSegmentsAndKeepsOnePairOfQuotes) {
+    struct Case {
+        const char* a;
+        const char* b;
+        const char* c;  // null: the two-segment form
+        const char* flat;
+    };
+    const Case cases[] = {
+        {"PART-1-1", "TOP", nullptr, "PART-1-1_TOP"},
+        {"\"My part\"", "TOP", nullptr, "\"My part_TOP\""},
+        {"PART-1-1", "\"Top set\"", nullptr, "\"PART-1-1_Top set\""},
+        {"\"My part\"", "\"Top set\"", nullptr, "\"My part_Top set\""},
+        {"ASM", "PUMP-1", "TOP", "ASM_PUMP-1_TOP"},
+        {"ASM", "\"Pump 1\"", "TOP", "\"ASM_Pump 1_TOP\""},
+        {"\"\"", "X", nullptr, "\"_X\""},
+        {"\"", "X", nullptr, "\"_X"},  // one quote alone is no quoted name
+    };
+    for (const Case& c : cases) {
+        cow_String got = c.c ? inp_Utils::CreateFlattenedName(c.a, c.b, c.c) : inp_Utils::CreateFlattenedName(c.a, c.b);
+        EXPECT_STREQ(got.c_str(), c.flat) << c.a << " " << c.b;
+    }
+}

@@ -10,6 +10,7 @@
 #include "inp_FakePartSurfaceVisitor.h"
 
 using inp_test::TempDir;
+using inp_test::Line;
 
 namespace {
 
@@ -28,13 +29,6 @@ const inp_Keyword& Nth(const cow_1DArrayList<inp_Keyword>& list, inp_KeywordEnm 
         if (list.ConstGet(i).keyword == value && n-- == 0) return list.ConstGet(i);
     static const inp_Keyword none;
     return none;
-}
-
-std::string Line(const inp_Keyword& k, int line) {
-    std::string text;
-    for (int j = 0; line < k.data.NumberOfLines() && j < k.data.NumberOfItems(line); ++j)
-        text += (j ? "," : "") + std::string(k.data.AsString(line, j).c_str());
-    return text;
 }
 
 // A flat deck as the conversion leaves it: the mesh in PART-1, each named analytical

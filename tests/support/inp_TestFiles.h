@@ -128,10 +128,10 @@ inline void Walk(inp_Visitor& visitor, inp_Keyword& keyword) {
     keyword = list[0];
 }
 
-// A data line as its items in their compared form, joined by ",".
+// A data line as its items in their compared form, joined by ","; empty past the end.
 inline std::string Line(const inp_Keyword& k, int line) {
     std::string text;
-    for (int j = 0; j < k.data.NumberOfItems(line); ++j)
+    for (int j = 0; line < k.data.NumberOfLines() && j < k.data.NumberOfItems(line); ++j)
         text += (j ? "," : "") + std::string(k.data.AsString(line, j).c_str());
     return text;
 }

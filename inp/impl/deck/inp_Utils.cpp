@@ -1,6 +1,8 @@
 // Keyword messages and generation sequences.
 #include "inp_Utils.h"
 
+#include <string>
+
 #include "inp_DataArray.h"
 #include "inp_Keyword.h"
 #include "omi_Timer.h"
@@ -164,4 +166,31 @@ void inp_Utils::TimingLine(const char* file, int line, const char* text, const o
     debug.StartDebug(file, line);
     debug << text << timer.GetElapsedTime() << "  CPU time: " << timer.GetTotalCpuTime() << endl;
     debug.EndDebug();
+}
+
+namespace {
+
+bool IsQuoted(const std::string& text) { return text.size() >= 2 && text.front() == '"' && text.back() == '"'; }
+
+std::string WithoutEndQuotes(std::string text) {
+    size_t first = text.find_first_not_of('"');
+    if (first == std::string::npos) return std::string();
+    size_t last = text.find_last_not_of('"');
+    return text.substr(first, last - first + 1);
+}
+
+}  // namespace
+
+cow_String inp_Utils::CreateFlattenedName(const cow_String& a, const cow_String& b) {
+    std::string first(a.c_str()), second(b.c_str());
+    const bool quoted = IsQuoted(first) || IsQuoted(second);
+    if (IsQuoted(first)) first = WithoutEndQuotes(first);
+    if (IsQuoted(second)) second = WithoutEndQuotes(second);
+    std::string joined = first + "_" + second;
+    if (quoted) joined = "\"" + joined + "\"";
+    return cow_String(joined.c_str());
+}
+
+cow_String inp_Utils::CreateFlattenedName(const cow_String& a, const cow_String& b, const cow_String& c) {
+    return CreateFlattenedName(a, CreateFlattenedName(b, c));
 }

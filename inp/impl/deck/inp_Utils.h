@@ -47,6 +47,12 @@ public:
     // More than one segment, the last of them a set name: `Pump-1.Top`, not `Pump-1.12`.
     static bool IsScopedSetName(const cow_List<cow_String>& segments);
 
+    // Two or three scope segments as one name without periods, joined by "_": for a
+    // driver that writes a model out flat. A segment in double quotes loses them, and
+    // the result is quoted when any segment was.
+    static cow_String CreateFlattenedName(const cow_String& a, const cow_String& b);
+    static cow_String CreateFlattenedName(const cow_String& a, const cow_String& b, const cow_String& c);
+
     // No model holds more ids than this; a generator asked for more is refused with
     // TooManyGenerated rather than left to exhaust the memory of the machine.
     static constexpr long long kMaxGeneratedIds = 100000000;

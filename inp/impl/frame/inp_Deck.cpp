@@ -54,17 +54,34 @@ void inp_Deck::ExpandKeywords() {
     inp_Utils::TimingLine(__FILE__, __LINE__, "Expand Keywords - Elapsed time: ", timer);
 }
 
-void inp_Deck::ReorganizeKeywords(bool /*fullConversion*/) {
+void inp_Deck::ReorganizeKeywords(bool fullConversion) {
     CheckImportUse(false);
-    if (isAssemblyDeck) Reorganize();
+    ProhibitPeriodInNames(keywords);
+    if (isAssemblyDeck) {
+        Reorganize();
+        ModifyScopedNames();
+    } else {
+        ConvertFlatDeck(fullConversion);
+        Reorganize();
+    }
 }
 
+// The conversion works on the flat list, ahead of the organizer; the scoped names are
+// rewritten on the hierarchy, behind it, where each keyword knows its block.
 void inp_Deck::Classify(bool fullConversion) {
     CheckImportUse(fullConversion);
-    if (!isAssemblyDeck) return;
-    Reorganize();
-    ExtractPartMaps();
-    ExtractAssemblyMaps();
+    ProhibitPeriodInNames(keywords);
+    if (isAssemblyDeck) {
+        Reorganize();
+        ModifyScopedNames();
+        ExtractPartMaps();
+        ExtractAssemblyMaps();
+    } else {
+        ConvertFlatDeck(fullConversion);
+        Reorganize();
+        ExtractAssemblyMaps();
+        hasFakeParts = true;
+    }
 }
 
 void inp_Deck::CheckImportUse(bool skipImportRules) {

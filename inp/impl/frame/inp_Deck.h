@@ -43,16 +43,21 @@ public:
     void ExpandKeywords();
     // Turns the expanded list into the deck hierarchy: each keyword under the one that
     // owns it, misplaced keywords reported and dropped. The import rules are checked
-    // first. For now only an assembly deck is organized. A flat deck keeps its list: it
-    // has to become one part and one instance first, or its nodes and elements would
-    // all be out of place at the top level. That conversion, the name check ahead of
-    // the organizer and the scoped-name rewrite behind it join this operation later;
-    // `fullConversion` will select the form of the conversion.
+    // first, and no defined name may hold a period (an error in an assembly deck, a
+    // warning in a flat deck, whose names are then repaired). A flat deck is first
+    // converted into one part "PART-1", one instance "PART-1-1" and an assembly
+    // "Assembly-1"; `fullConversion` gives rigid bodies and rigid surfaces parts of
+    // their own, without it everything stays in "PART-1". In an assembly deck the
+    // model-level references that carry the assembly's name lose it.
     void ReorganizeKeywords(bool fullConversion);
-    // ReorganizeKeywords, and then the model of an assembly deck: the nodes, elements
-    // and sets of every part, and those of the assembly and its instances. With
-    // `fullConversion` an import job is not held to the import rules here.
+    // The same road, and then the model: the nodes, elements, sets and surfaces of every
+    // part, and those of the assembly and its instances. With `fullConversion` an import
+    // job is not held to the import rules here.
     void Classify(bool fullConversion);
+    // Model-level references of the form `assembly.instance.name` lose the assembly
+    // name; the first form takes it from the deck's first *ASSEMBLY.
+    void ModifyScopedNames();
+    void ModifyScopedNames(const cow_String& assemblyName);
     // The structural checks of parts, instances and rigid bodies, and of the blocks that
     // open and close them; all findings go to the error sink together at the end. The
     // rules of parts and rigid bodies need an assembly deck and read the element maps;
@@ -111,8 +116,20 @@ public:
     inp_ModelParameters modelParameters;
 
 private:
+    // A part of a converted flat deck, its nodes and elements written from the maps.
+    void PrintPartWithMesh(const inp_Keyword& part, aio_ostream& out) const;
+    // The mesh of the parts stands in the part maps, not in the keywords.
+    bool meshInPartMaps = false;
+
     // *IMPORT beside *MAP SOLUTION, and an import job that cannot be served.
     void CheckImportUse(bool skipImportRules);
+    // Defined names (sets, surfaces, orientations, parts, instances, the assembly) with
+    // a period outside double quotes, reported to the sink at once.
+    void ProhibitPeriodInNames(const cow_1DArrayList<inp_Keyword>& list);
+    // A flat deck's names and references with "_" for each unquoted period.
+    void RemovePeriodsInNames();
+    // A flat deck as parts, instances and an assembly, with the part-level maps.
+    void ConvertFlatDeck(bool fullConversion);
     // The organizer on a copy of `keywords`, whose result the deck takes.
     void Reorganize();
     // The extraction passes over the organized list; their results replace the deck's
