@@ -194,3 +194,22 @@ TEST(Driver, VersionHelpAndUsage) {
 }
 
 }  // namespace
+
+// A flat deck gets its model: the summary counts it, and the printed deck is in the
+// assembly form, by either route.
+TEST(Driver, AFlatDeckIsConvertedAndItsModelCounted) {
+    TempDir dir;
+    const std::string deck = std::string(INP_EXAMPLES_DIR) + "/shell_plate.inp";
+    for (const char* route : {"", "--simple "}) {
+        DriverRun r = RunDriver(dir, std::string(route) + "-p - " + Quoted(deck));
+        EXPECT_EQ(r.status, 0) << r.err;
+        std::vector<std::string> lines = Lines(r.err);
+        ASSERT_EQ(lines.size(), 1u) << r.err;
+        EXPECT_NE(lines[0].find("; model: 1 parts, 1 instances, 25 nodes, 16 elements, 9 node sets, 3 element sets, "
+                                "0 surfaces; errors: 0 fatal"),
+                  std::string::npos)
+            << lines[0];
+        EXPECT_EQ(r.out.rfind("*part, name=PART-1\n*node\n1, 0., 0., 0.\n", 0), 0u) << route;
+        EXPECT_NE(r.out.find("*assembly, name=Assembly-1\n*instance, name=PART-1-1, part=PART-1\n"), std::string::npos);
+    }
+}

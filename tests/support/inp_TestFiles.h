@@ -88,6 +88,12 @@ inline std::vector<std::string> ToVector(const cow_List<atr_String>& list) {
     return out;
 }
 
+inline std::vector<std::string> ToVector(const cow_List<cow_String>& list) {
+    std::vector<std::string> out;
+    for (int i = 0; i < list.Count(); ++i) out.push_back(list.ConstGet(i).c_str());
+    return out;
+}
+
 inline std::vector<std::string> ToVector(const cow_1DArrayList<cow_String>& list) {
     std::vector<std::string> out;
     for (int i = 0; i < list.Count(); ++i) out.push_back(list.ConstGet(i).c_str());

@@ -79,3 +79,23 @@ void inp_UndefinedNodeVisitor::AddSetNodes(const inpM_SetMap& nodeSets) {
     const cow_List<cow_String> scopes = nodeSets.Instances();
     for (int i = 0; i < scopes.Count(); ++i) addMembers(nodeSets.ConstGetNestedSetMap(scopes.ConstGet(i)));
 }
+
+void inp_UndefinedNodeVisitor::AddElementNodes(const inpM_ElementMap& elements) {
+    inp_CoordMap* nodes = FlatNodes();
+    const cow_String fake(inp_Types::fakeName());
+    if (!nodes || !elements.IsMember(fake)) return;
+    omi_IntTableIterator<inp_Element> it(elements.ConstGet(fake));
+    for (it.First(); !it.IsDone(); it.Next()) {
+        const inp_Element& element = it.CurrentValue();
+        for (int i = 0; i < element.numNodes; ++i) {
+            const int id = element.nodes[i];
+            // 0 is a position the element leaves open.
+            if (id < 1 || nodes->HasId(id)) continue;
+            atr_translate text("Undefined node %1$s of element %2$s was detected and placed at the origin. ");
+            atr_SubstituteFormat(text, 1, id);
+            atr_SubstituteFormat(text, 2, it.CurrentKey());
+            warnings.Append(text.Result());
+            nodes->Insert(id, inp_Coord());
+        }
+    }
+}

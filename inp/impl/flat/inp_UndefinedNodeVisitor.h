@@ -15,6 +15,7 @@
 #ifndef INP_UNDEFINEDNODEVISITOR_H
 #define INP_UNDEFINEDNODEVISITOR_H
 
+#include "inpM_InstanceMap.h"
 #include "inp_CoordMap.h"
 #include "inp_SetFixupVisitor.h"
 
@@ -26,6 +27,9 @@ public:
     ~inp_UndefinedNodeVisitor() override;
 
     void AddSetNodes(const inpM_SetMap& nodeSets);
+    // The nodes of the flat elements that no *NODE defined, each placed at the origin
+    // with one warning: without it the element would name a node of no part.
+    void AddElementNodes(const inpM_ElementMap& elements);
 
     // The flat coordinates under "FAKE", with the nodes placed here.
     inp_CoordMap coordinates;

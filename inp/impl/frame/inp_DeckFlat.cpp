@@ -47,6 +47,7 @@ void inp_Deck::ConvertFlatDeck(bool fullConversion) {
         inp_UndefinedNodeVisitor undefined(flatCoordinates, modelParameters);
         undefined.VisitList(keywords);
         undefined.AddSetNodes(nodePass.setMap);
+        undefined.AddElementNodes(elementPass.elements);
         if (!modelParameters.hasLeadingImport) sink.WarningList(undefined.warnings);
         sink.ErrorList(undefined.errors, wip_Fatal);
         flatCoordinates = undefined.coordinates;
