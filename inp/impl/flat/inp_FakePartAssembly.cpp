@@ -304,7 +304,39 @@ void inp_FakePartVisitor::AssignElements(const cow_1DArrayList<int>& plain, cons
     for (int p = 0; p < parts.Count(); ++p) MoveElements(parts[p], assignment.ConstGet(parts[p]));
 }
 
+// The usual flat deck is one mesh that goes whole to one part. Its table is then handed
+// over as it stands instead of copied record by record, which for a large mesh would be
+// most of the conversion's time and twice its memory.
+bool inp_FakePartVisitor::HandOverWholeTable(const cow_String& part, const cow_1DArrayList<int>& ids) {
+    const cow_String fake(inp_Types::fakeName());
+    if (!flatElements.IsMember(fake) || !flatElements.GetMap(fake).item.HasValue()) return false;
+    if (partElements.IsMember(part) && partElements.ConstGet(part).Count() > 0) return false;
+    const omi_IntTable<inp_Element>& flat = flatElements.ConstGet(fake);
+    if (ids.Count() != flat.Count()) return false;
+    for (int i = 0; i < ids.Count(); ++i)
+        if (!flat.HasKey(ids[i])) return false;
+    if (!partElements.IsMember(part)) partElements.Insert(part, omi_IntTable<inp_Element>());
+    partElements.GetMap(part).item = flatElements.GetMap(fake).item;
+    flatElements.GetMap(fake).item = new omi_IntTable<inp_Element>();
+
+    inp_CoordMap& nodes = PartNodes(part);
+    const inp_CoordMap* flatNodes = FlatNodes();
+    inp_Coord undefined;
+    undefined.isDefined = false;
+    omi_IntTableIterator<inp_Element> it(partElements.ConstGet(part));
+    for (it.First(); !it.IsDone(); it.Next()) {
+        const inp_Element& element = it.CurrentValue();
+        for (int n = 0; n < element.numNodes; ++n) {
+            const int node = element.nodes[n];
+            if (node == 0 || nodes.HasId(node)) continue;
+            nodes.Insert(node, flatNodes && flatNodes->HasId(node) ? flatNodes->ConstGet(node) : undefined);
+        }
+    }
+    return true;
+}
+
 void inp_FakePartVisitor::MoveElements(const cow_String& part, const cow_1DArrayList<int>& ids) {
+    if (HandOverWholeTable(part, ids)) return;
     omi_IntTable<inp_Element>& flat = WritableFlatElements();
     omi_IntTable<inp_Element>& target = PartElementTable(part);
     inp_CoordMap& nodes = PartNodes(part);

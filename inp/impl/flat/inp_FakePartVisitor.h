@@ -198,6 +198,8 @@ protected:
     void MoveNodeToPart(int node, const cow_String& part);
     // The elements, nodes and sets of the flat model; empty (or null) when there are none.
     const omi_IntTable<inp_Element>& FlatElementTable() const;
+    // MoveElements of every flat element to a part without elements: the table itself.
+    bool HandOverWholeTable(const cow_String& part, const cow_1DArrayList<int>& ids);
     omi_IntTable<inp_Element>& WritableFlatElements();
     const inp_CoordMap* FlatNodes() const;
     const inpM_BaseSetMap& FlatElementSets() const;
