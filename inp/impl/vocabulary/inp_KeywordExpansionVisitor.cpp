@@ -285,6 +285,9 @@ void inp_KeywordExpansionVisitor::ReadDataFile(const cow_String& fileName, inp_K
         AppendError(keyword, atr_Format("Input file \"%s\" is not readable.", fileName));
         return;
     }
+    // A byte order mark would make the first line of the file no data line.
+    unsigned char mark[3];
+    if (std::fread(mark, 1, 3, file) != 3 || mark[0] != 0xEF || mark[1] != 0xBB || mark[2] != 0xBF) std::rewind(file);
     inp_DataArray& data = keyword.data;
     char buffer[256];
     while (std::fgets(buffer, sizeof buffer, file)) {
