@@ -15,6 +15,7 @@
 #include <string>
 
 #include "../bench/inp_DeckPhases.h"
+#include "aio_ostream.h"
 #include "inp_Deck.h"
 #include "wip_WIP.h"
 
@@ -66,6 +67,43 @@ inline int RunDeck(const std::string& dir, const std::uint8_t* data, std::size_t
         if (afterPhase) afterPhase(inp_phases::kDeckPhases[i], sink);
     }
     return sink.Count();
+}
+
+inline std::string PrintedText(inp_Deck& deck) {
+    aio_ostringstream out;
+    deck.Print(out);
+    out.flush();
+    const cow_String text = out.str();
+    return std::string(text.c_str(), static_cast<std::size_t>(text.Length()));
+}
+
+// Whatever Print writes must read back to the same keywords: the deck, once read and
+// expanded, is printed and read again, and what it reads back to must print the same
+// text, before its expansion and after it. Gives what went wrong, or an empty text.
+inline std::string RoundTrip(const std::string& dir, const std::uint8_t* data, std::size_t size) {
+    const std::string deckPath = WriteDeck(dir, data, size);
+    wip_WIP& sink = thr_ThreadSingleton<wip_WIP>::Instance();
+    sink.Clear();
+    inp_Deck deck;
+    deck.includeDirectory = cow_String(dir.c_str());
+    deck.Parse(cow_String(deckPath.c_str()));
+    deck.ExpandKeywords();
+    const std::string printed = PrintedText(deck);
+
+    const std::string printedPath = dir + "/printed.inp";
+    WriteBytes(printedPath, printed.data(), printed.size());
+    inp_Deck back;
+    back.includeDirectory = cow_String(dir.c_str());
+    back.Parse(cow_String(printedPath.c_str()));
+    std::string problem;
+    if (PrintedText(back) != printed) {
+        problem = "reads back to other keywords";
+    } else {
+        back.ExpandKeywords();
+        if (PrintedText(back) != printed) problem = "changes in a second expansion";
+    }
+    sink.Clear();
+    return problem;
 }
 
 }  // namespace inp_fuzz
