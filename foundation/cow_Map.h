@@ -12,8 +12,11 @@
 #ifndef COW_MAP_H
 #define COW_MAP_H
 
+#include <cstddef>
 #include <cstdlib>
+#include <string>
 #include <unordered_map>
+#include <vector>
 #include <type_traits>
 
 #include "cow_COW.h"
@@ -182,6 +185,35 @@ private:
 
     Handle m_root;
     int m_count;
+};
+
+// A string-keyed map built from entries in order, as one Insert after another would
+// build it (a repeated key keeps its first place and takes the later value), in time
+// linear in the entries: the keys are told apart by a hash and go in with InsertNew.
+template <class V>
+class cow_MapBuilder {
+public:
+    void Insert(const cow_String& key, const V& value) {
+        const auto placed = m_places.emplace(std::string(key.c_str(), static_cast<std::size_t>(key.Length())),
+                                             m_keys.size());
+        if (!placed.second) {
+            m_values[placed.first->second] = value;
+            return;
+        }
+        m_keys.push_back(key);
+        m_values.push_back(value);
+    }
+
+    cow_Map<cow_String, V> Build() const {
+        cow_Map<cow_String, V> map;
+        map.InsertNew(m_keys.data(), m_values.data(), static_cast<int>(m_keys.size()));
+        return map;
+    }
+
+private:
+    std::vector<cow_String> m_keys;
+    std::vector<V> m_values;
+    std::unordered_map<std::string, std::size_t> m_places;
 };
 
 // Walks a snapshot of a map in the order of the tree: node, left subtree, right subtree.

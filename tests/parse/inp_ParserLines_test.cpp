@@ -218,6 +218,17 @@ TEST(ParserLines, AHundredThousandParametersOnContinuationLines) {
     EXPECT_STREQ(inp_test::Value(k, "p99999").c_str(), "99999");
     EXPECT_STREQ(inp_test::Value(k, "p5").c_str(), "LAST");
     EXPECT_EQ(k.data.NumberOfLines(), 1);
+
+    // The expansion builds the map anew from the same names, and keeps the unknown ones.
+    inp_Deck model;
+    wip_WIP& sink = thr_ThreadSingleton<wip_WIP>::Instance();
+    sink.Clear();
+    model.Parse(cow_String((dir / "deck.inp").c_str()));
+    model.ExpandKeywords();
+    EXPECT_EQ(sink.ErrorCount(1), count);
+    ASSERT_EQ(model.keywords.Count(), 1);
+    EXPECT_EQ(model.keywords.ConstGet(0).parameters.Count(), count + 1);
+    sink.Clear();
 }
 
 // A byte order mark is stepped over in every file; a file in UTF-16, or one whose lines

@@ -1,9 +1,5 @@
 #include "inp_KeywordLine.h"
 
-#include <string>
-#include <unordered_map>
-#include <vector>
-
 #include "inp_Exceptions.h"
 #include "inp_Types.h"
 
@@ -44,21 +40,8 @@ cow_1DArrayList<cow_String> inp_KeywordLine::SplitParameters(const cow_String& t
 }
 
 cow_Map<cow_String, inp_Item> inp_KeywordLine::ParseParameters(const cow_String& text, bool strict) {
-    // The keys in the order of their first place, each with its last value; the map is
-    // built from them in one batch, so that a list of many keys costs no more than its
-    // length.
-    std::vector<cow_String> keys;
-    std::vector<inp_Item> values;
-    std::unordered_map<std::string, size_t> places;
-    auto insert = [&](const cow_String& key, const inp_Item& item) {
-        const auto placed = places.emplace(std::string(key.c_str(), static_cast<size_t>(key.Length())), keys.size());
-        if (!placed.second) {
-            values[placed.first->second] = item;
-            return;
-        }
-        keys.push_back(key);
-        values.push_back(item);
-    };
+    // Built in one batch, so that a list of many keys costs no more than its length.
+    cow_MapBuilder<inp_Item> parameters;
     cow_1DArrayList<cow_String> pieces = SplitParameters(text);
     for (int i = 0; i < pieces.Count(); ++i) {
         const cow_String& piece = pieces.ConstGet(i);
@@ -77,15 +60,13 @@ cow_Map<cow_String, inp_Item> inp_KeywordLine::ParseParameters(const cow_String&
 
         if (value.IsEmpty()) {
             // `NAME` and `NAME=` are the same flag.
-            insert(key, inp_Item(true));
+            parameters.Insert(key, inp_Item(true));
             continue;
         }
         inp_Item item(value);
         if (item.type == inp_Types::typeNone && strict)
             inp_InvalidParameterValueException(key, value).Throw(__FILE__, __LINE__);
-        insert(key, item);
+        parameters.Insert(key, item);
     }
-    cow_Map<cow_String, inp_Item> parameters;
-    parameters.InsertNew(keys.data(), values.data(), static_cast<int>(keys.size()));
-    return parameters;
+    return parameters.Build();
 }
