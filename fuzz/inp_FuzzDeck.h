@@ -9,9 +9,14 @@
 #ifndef INP_FUZZDECK_H
 #define INP_FUZZDECK_H
 
+#include <stdlib.h>
+#include <unistd.h>
+
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
+#include <cstdlib>
+#include <filesystem>
 #include <string>
 
 #include "../bench/inp_DeckPhases.h"
@@ -67,6 +72,35 @@ inline int RunDeck(const std::string& dir, const std::uint8_t* data, std::size_t
         if (afterPhase) afterPhase(inp_phases::kDeckPhases[i], sink);
     }
     return sink.Count();
+}
+
+// The directory of a fuzzing process for the files of its inputs, removed at exit. On
+// a RAM file system where the machine has one: every input writes its files, and on a
+// disk that held the fuzzer to some seventy inputs a second.
+inline std::string& Sandbox() {
+    static std::string path;
+    return path;
+}
+
+inline void MakeSandbox() {
+    char inMemory[] = "/dev/shm/inpdeck-fuzz-XXXXXX";
+    char onDisk[] = "/tmp/inpdeck-fuzz-XXXXXX";
+    const char* made = mkdtemp(inMemory);
+    if (!made) made = mkdtemp(onDisk);
+    if (!made) std::abort();
+    Sandbox() = made;
+    std::atexit([] {
+        std::error_code ec;
+        std::filesystem::remove_all(Sandbox(), ec);
+    });
+}
+
+// Relative include names are looked up in the current directory first: keep them inside
+// the sandbox. Called on the first input, not at start-up, where a -jobs parent would
+// move its job logs into the sandbox with it.
+inline void EnterSandbox() {
+    static const bool inSandbox = chdir(Sandbox().c_str()) == 0;
+    if (!inSandbox) std::abort();
 }
 
 inline std::string PrintedText(inp_Deck& deck) {
