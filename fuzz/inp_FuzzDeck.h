@@ -22,6 +22,7 @@
 #include "../bench/inp_DeckPhases.h"
 #include "aio_ostream.h"
 #include "inp_Deck.h"
+#include "inp_Library.h"
 #include "wip_WIP.h"
 
 namespace inp_fuzz {
@@ -93,6 +94,13 @@ inline void MakeSandbox() {
         std::error_code ec;
         std::filesystem::remove_all(Sandbox(), ec);
     });
+}
+
+// What a fuzz target does once, before its first input.
+inline void Initialize() {
+    int count = 0;
+    inp_initialize(count);
+    MakeSandbox();
 }
 
 // Relative include names are looked up in the current directory first: keep them inside

@@ -4,12 +4,9 @@
 #include <cstdint>
 
 #include "inp_FuzzDeck.h"
-#include "inp_Library.h"
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
-    int count = 0;
-    inp_initialize(count);
-    inp_fuzz::MakeSandbox();
+    inp_fuzz::Initialize();
     return 0;
 }
 

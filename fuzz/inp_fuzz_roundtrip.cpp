@@ -7,12 +7,9 @@
 #include <string>
 
 #include "inp_FuzzDeck.h"
-#include "inp_Library.h"
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
-    int count = 0;
-    inp_initialize(count);
-    inp_fuzz::MakeSandbox();
+    inp_fuzz::Initialize();
     return 0;
 }
 
