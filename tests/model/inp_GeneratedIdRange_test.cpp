@@ -1,4 +1,5 @@
-// Generators whose ids, increments or shifts would leave the id range: each is refused
+// Generators (and the layers of a stacked element) whose ids, increments or shifts would
+// leave the id range: each is refused
 // with one message and makes nothing, whatever the int arithmetic would have wrapped to.
 #include <gtest/gtest.h>
 
@@ -56,6 +57,8 @@ TEST(GeneratedIdRange, GeneratorsRefuseIdsOutsideTheRange) {
         {"*ELGEN\n1, 2, 2147483647, 1\n", OutOfRange("*ELGEN", "2147483648"), 2, 1},
         {"*ELGEN\n1, 3, 1, 1, 2, -5, 10\n", OutOfRange("*ELGEN", "-4"), 2, 1},
         {"*ELGEN\n1, 3, 1, -3\n", OutOfRange("*ELGEN", "-5"), 2, 1},
+        // The top layer of a stacked element lies OFFSET above its bottom.
+        {"*ELEMENT, TYPE=COH3D8, OFFSET=2147483647\n2, 1, 2, 1, 2\n", OutOfRange("*ELEMENT", "2147483648"), 2, 1},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.generator);

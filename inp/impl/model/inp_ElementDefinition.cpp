@@ -253,7 +253,12 @@ void inp_ElementVisitor::VisitElement(inp_Keyword& keyword) {
                 for (int k = 0; k < bottom; ++k)
                     for (int j = 1; j <= added; ++j) {
                         const size_t at = static_cast<size_t>(k + j * count);
-                        if (at < nodes.size()) nodes[at] = nodes[static_cast<size_t>(k)] + j * offset;
+                        if (at >= nodes.size()) continue;
+                        // The offset is the deck's, and may take a layer's node past the id range.
+                        const long long node = nodes[static_cast<size_t>(k)] + static_cast<long long>(j) * offset;
+                        atr_String message;
+                        if (!inp_Utils::IdsInRange(node, node, cow_String("*ELEMENT"), message)) return report(message);
+                        nodes[at] = static_cast<int>(node);
                     }
                 count = static_cast<int>(nodes.size());
                 expanded = true;
