@@ -1,6 +1,6 @@
 // Generators (and the layers of a stacked element) whose ids, increments or shifts would
-// leave the id range: each is refused
-// with one message and makes nothing, whatever the int arithmetic would have wrapped to.
+// leave the id range: each is refused with one message and makes nothing, whatever the
+// int arithmetic would have wrapped to.
 #include <gtest/gtest.h>
 
 #include <string>
