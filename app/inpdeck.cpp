@@ -9,6 +9,7 @@
 // written. The library reports on a deck it could open; a deck it could not open is
 // for the driver to tell, since the library then says nothing at all.
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <new>
@@ -39,6 +40,8 @@ const char kUsage[] =
     "                      get parts of their own)\n"
     "  --tree              show the keywords on standard output as the last phase left\n"
     "                      them, one a line, each suboption two blanks further in\n"
+    "  --max-messages N    show the first N messages (default 1000, 0: all), then one\n"
+    "                      line with how many more there were\n"
     "  keyword NAME        resolve a keyword name as a deck line would (any case, blanks\n"
     "                      ignored, unique abbreviations allowed) and show its canonical\n"
     "                      name, value, the keywords that may hold it and its suboptions\n"
@@ -65,8 +68,10 @@ const Phase kPhases[] = {
     {nullptr, nullptr},
 };
 
+std::string OneLine(const char* text);
+
 int UsageError(const char* text, const char* detail) {
-    if (text) std::fprintf(stderr, "inpdeck: %s%s\n", text, detail ? detail : "");
+    if (text) std::fprintf(stderr, "inpdeck: %s%s\n", text, detail ? OneLine(detail).c_str() : "");
     std::fputs(kUsage, stderr);
     return 2;
 }
@@ -92,7 +97,7 @@ int DescribeKeyword(const char* given) {
     try {
         canonical = table.ResolveName(CanonicalForm(given));
     } catch (const nex_Exception& e) {
-        std::fprintf(stderr, "error: %s\n", e.UserReport().c_str());
+        std::fprintf(stderr, "error: %s\n", OneLine(e.UserReport().c_str()).c_str());
         return 1;
     }
     inp_KeywordEnm value = table.Enum(canonical);
@@ -112,6 +117,7 @@ struct Options {
     const char* stopAfter = nullptr;  // the last phase
     bool tree = false;
     bool simple = false;
+    int maxMessages = 1000;  // 0: all
 };
 
 // Why the deck file cannot be read, or null when it can.
@@ -127,18 +133,42 @@ const char* UnreadableBecause(const char* name) {
     return nullptr;
 }
 
-// A message of the sink on one line: a line break inside it (the lists of some
-// messages) becomes a blank, other control bytes a '?', so that one record is one line.
+// The length of the UTF-8 sequence at `p` when it is valid and encodes no control
+// character, else 0. The C1 controls (U+0080 to U+009F) are refused too: some
+// terminals take U+009B as the start of a control sequence, as they take ESC [.
+int PrintableUtf8Length(const unsigned char* p) {
+    if (p[0] < 0xC2 || p[0] > 0xF4) return 0;
+    const int n = p[0] >= 0xF0 ? 4 : p[0] >= 0xE0 ? 3 : 2;
+    // A NUL ends the text before any byte behind it is read.
+    for (int k = 1; k < n; ++k)
+        if ((p[k] & 0xC0) != 0x80) return 0;
+    if (p[0] == 0xC2 && p[1] < 0xA0) return 0;
+    if ((p[0] == 0xE0 && p[1] < 0xA0) || (p[0] == 0xED && p[1] >= 0xA0)) return 0;  // overlong, surrogate
+    if ((p[0] == 0xF0 && p[1] < 0x90) || (p[0] == 0xF4 && p[1] >= 0x90)) return 0;  // overlong, beyond U+10FFFF
+    return n;
+}
+
+// Text that came from a deck (a message, a file or keyword name) on one line of the
+// user's terminal: a line break inside it (the lists of some messages) becomes a
+// blank, and every byte that could drive the terminal instead of showing (control
+// bytes, ESC among them, and bytes above 127 that are no valid UTF-8) becomes a '?'.
 std::string OneLine(const char* text) {
     std::string out;
-    for (const char* p = text; *p; ++p) {
+    for (const char* p = text; *p;) {
         const unsigned char c = static_cast<unsigned char>(*p);
+        if (c >= 0x80) {
+            const int n = PrintableUtf8Length(reinterpret_cast<const unsigned char*>(p));
+            out.append(n ? p : "?", n ? static_cast<size_t>(n) : 1);
+            p += n ? n : 1;
+            continue;
+        }
         if (c == '\n')
             out += ' ';
         else if ((c < 0x20 && c != '\t') || c == 0x7f)
             out += '?';
         else
             out += static_cast<char>(c);
+        ++p;
     }
     return out;
 }
@@ -187,15 +217,33 @@ ModelCounts CountModel(const inp_Deck& model) {
     return counts;
 }
 
-int ReportSink(const char* deck, const inp_Deck& model, double seconds) {
+// The messages from `first` on, counted by level, in one line as compilers give it.
+void ReportHidden(const wip_WIP& sink, int first) {
+    int levels[3] = {0, 0, 0}, warnings = 0;
+    for (int i = first; i < sink.Count(); ++i) {
+        const wip_Record& r = sink.Record(i);
+        if (!r.IsError())
+            ++warnings;
+        else if (r.level >= 0 && r.level <= 2)
+            ++levels[r.level];
+    }
+    std::fprintf(stderr,
+                 "inpdeck: %d more messages not shown: %d fatal, %d non-fatal, %d serious errors, %d warnings "
+                 "(--max-messages 0 shows all)\n",
+                 sink.Count() - first, levels[0], levels[1], levels[2], warnings);
+}
+
+int ReportSink(const char* deck, const inp_Deck& model, double seconds, int maxMessages) {
     const wip_WIP& sink = thr_ThreadSingleton<wip_WIP>::Instance();
-    for (int i = 0; i < sink.Count(); ++i) {
+    const int shown = maxMessages > 0 && maxMessages < sink.Count() ? maxMessages : sink.Count();
+    for (int i = 0; i < shown; ++i) {
         const wip_Record& r = sink.Record(i);
         if (r.IsError())
             std::fprintf(stderr, "error[%d]: %s\n", r.level, OneLine(r.text.c_str()).c_str());
         else
             std::fprintf(stderr, "warning: %s\n", OneLine(r.text.c_str()).c_str());
     }
+    if (shown < sink.Count()) ReportHidden(sink, shown);
     int keywords = 0;
     const int dataLines = CountDataLines(model.keywords, keywords);
     const ModelCounts m = CountModel(model);
@@ -214,7 +262,7 @@ void PrintTree(const cow_1DArrayList<inp_Keyword>& keywords, int depth) {
     for (int i = 0; i < keywords.Count(); ++i) {
         const inp_Keyword& k = keywords.ConstGet(i);
         std::printf("%*s*%s", 2 * depth, "", k.Name().ToUpper().c_str());
-        if (!k.fileName.IsEmpty()) std::printf(", file \"%s\"", k.fileName.c_str());
+        if (!k.fileName.IsEmpty()) std::printf(", file \"%s\"", OneLine(k.fileName.c_str()).c_str());
         if (k.lineNumber != 0) std::printf(", line %d", k.lineNumber);
         std::printf("\n");
         PrintTree(k.suboptions, depth + 1);
@@ -248,7 +296,7 @@ int PrintDeck(inp_Deck& model, const char* target) {
 
 int RunDeck(const Options& options) {
     if (const char* why = UnreadableBecause(options.deck)) {
-        std::fprintf(stderr, "inpdeck: cannot read deck \"%s\": %s\n", options.deck, why);
+        std::fprintf(stderr, "inpdeck: cannot read deck \"%s\": %s\n", OneLine(options.deck).c_str(), why);
         return 2;
     }
 
@@ -281,7 +329,7 @@ int RunDeck(const Options& options) {
     }
     timer.Stop();
 
-    int status = ReportSink(options.deck, model, timer.GetElapsedTime());
+    int status = ReportSink(OneLine(options.deck).c_str(), model, timer.GetElapsedTime(), options.maxMessages);
     if (options.tree) PrintTree(model.keywords, 0);
     if (options.printTo) {
         int printed = PrintDeck(model, options.printTo);
@@ -325,6 +373,13 @@ int Run(int argc, char** argv) {
                 options.tree = true;
             } else if (!std::strcmp(arg, "--simple")) {
                 options.simple = true;
+            } else if (!std::strcmp(arg, "--max-messages")) {
+                if (i + 1 >= argc) return UsageError("missing value after ", arg);
+                const char* value = argv[++i];
+                char* end = nullptr;
+                const long n = std::strtol(value, &end, 10);
+                if (!*value || *end || n < 0 || n > 2147483647L) return UsageError("invalid message count: ", value);
+                options.maxMessages = static_cast<int>(n);
             } else if (!std::strcmp(arg, "-p") || !std::strcmp(arg, "-I") || !std::strcmp(arg, "--stop-after")) {
                 if (i + 1 >= argc) return UsageError("missing value after ", arg);
                 const char* value = argv[++i];

@@ -12,7 +12,11 @@
 #ifndef COW_MAP_H
 #define COW_MAP_H
 
+#include <cstddef>
 #include <cstdlib>
+#include <string>
+#include <unordered_map>
+#include <vector>
 #include <type_traits>
 
 #include "cow_COW.h"
@@ -32,6 +36,13 @@ template <class K, typename std::enable_if<std::is_integral<K>::value || std::is
 inline bool cow_MapBit(K key, int level) {
     if (level >= 32) return false;
     return ((static_cast<unsigned>(key) >> level) & 1u) != 0;
+}
+
+// How many levels from the root may give a set bit; every deeper level gives none.
+inline int cow_MapLevels(const atr_StringBase& key) { return key.Length() + 1; }
+template <class K, typename std::enable_if<std::is_integral<K>::value || std::is_enum<K>::value, int>::type = 0>
+inline int cow_MapLevels(K) {
+    return 32;
 }
 
 template <class K, class V>
@@ -70,6 +81,38 @@ public:
         *h = new Node(key, value);
         ++m_count;
         return true;
+    }
+
+    // Inserts n keys that the map does not hold, no two of them equal, in the order
+    // given: the same tree as one Insert after another, in time linear in the length of
+    // the keys. Insert compares its key with every node on the path, and keys whose bits
+    // agree pile up in one left chain behind their last set bit, so n such keys cost
+    // n * n / 2 comparisons. Here a key walks only the levels of its own set bits and
+    // then goes straight to the end of its chain, which is remembered for the batch.
+    void InsertNew(const K* keys, const V* values, int n) {
+        std::unordered_map<Handle*, Handle*> chainEnds;
+        for (int i = 0; i < n; ++i) {
+            const K& key = keys[i];
+            int last = cow_MapLevels(key) - 1;
+            while (last >= 0 && !cow_MapBit(key, last)) --last;
+            Handle* h = &m_root;
+            for (int level = 0; level <= last && h->HasValue(); ++level) {
+                Node& node = h->Get();
+                h = cow_MapBit(key, level) ? &node.right : &node.left;
+            }
+            if (h->HasValue()) {
+                // A chain holds keys placed by other walks too; each is stepped over once.
+                Handle*& end = chainEnds[h];
+                if (!end) end = h;
+                while (end->HasValue()) end = &end->Get().left;
+                h = end;
+                *h = new Node(key, values[i]);
+                end = &h->Get().left;
+            } else {
+                *h = new Node(key, values[i]);
+            }
+            ++m_count;
+        }
     }
 
     bool IsMember(const K& key) const { return Find(key) != nullptr; }
@@ -142,6 +185,35 @@ private:
 
     Handle m_root;
     int m_count;
+};
+
+// A string-keyed map built from entries in order, as one Insert after another would
+// build it (a repeated key keeps its first place and takes the later value), in time
+// linear in the entries: the keys are told apart by a hash and go in with InsertNew.
+template <class V>
+class cow_MapBuilder {
+public:
+    void Insert(const cow_String& key, const V& value) {
+        const auto placed = m_places.emplace(std::string(key.c_str(), static_cast<std::size_t>(key.Length())),
+                                             m_keys.size());
+        if (!placed.second) {
+            m_values[placed.first->second] = value;
+            return;
+        }
+        m_keys.push_back(key);
+        m_values.push_back(value);
+    }
+
+    cow_Map<cow_String, V> Build() const {
+        cow_Map<cow_String, V> map;
+        map.InsertNew(m_keys.data(), m_values.data(), static_cast<int>(m_keys.size()));
+        return map;
+    }
+
+private:
+    std::vector<cow_String> m_keys;
+    std::vector<V> m_values;
+    std::unordered_map<std::string, std::size_t> m_places;
 };
 
 // Walks a snapshot of a map in the order of the tree: node, left subtree, right subtree.

@@ -9,13 +9,20 @@
 #ifndef INP_FUZZDECK_H
 #define INP_FUZZDECK_H
 
+#include <stdlib.h>
+#include <unistd.h>
+
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
+#include <cstdlib>
+#include <filesystem>
 #include <string>
 
 #include "../bench/inp_DeckPhases.h"
+#include "aio_ostream.h"
 #include "inp_Deck.h"
+#include "inp_Library.h"
 #include "wip_WIP.h"
 
 namespace inp_fuzz {
@@ -66,6 +73,79 @@ inline int RunDeck(const std::string& dir, const std::uint8_t* data, std::size_t
         if (afterPhase) afterPhase(inp_phases::kDeckPhases[i], sink);
     }
     return sink.Count();
+}
+
+// The directory of a fuzzing process for the files of its inputs, removed at exit. On
+// a RAM file system where the machine has one: every input writes its files, and on a
+// disk that held the fuzzer to some seventy inputs a second.
+inline std::string& Sandbox() {
+    static std::string path;
+    return path;
+}
+
+inline void MakeSandbox() {
+    char inMemory[] = "/dev/shm/inpdeck-fuzz-XXXXXX";
+    char onDisk[] = "/tmp/inpdeck-fuzz-XXXXXX";
+    const char* made = mkdtemp(inMemory);
+    if (!made) made = mkdtemp(onDisk);
+    if (!made) std::abort();
+    Sandbox() = made;
+    std::atexit([] {
+        std::error_code ec;
+        std::filesystem::remove_all(Sandbox(), ec);
+    });
+}
+
+// What a fuzz target does once, before its first input.
+inline void Initialize() {
+    int count = 0;
+    inp_initialize(count);
+    MakeSandbox();
+}
+
+// Relative include names are looked up in the current directory first: keep them inside
+// the sandbox. Called on the first input, not at start-up, where a -jobs parent would
+// move its job logs into the sandbox with it.
+inline void EnterSandbox() {
+    static const bool inSandbox = chdir(Sandbox().c_str()) == 0;
+    if (!inSandbox) std::abort();
+}
+
+inline std::string PrintedText(inp_Deck& deck) {
+    aio_ostringstream out;
+    deck.Print(out);
+    out.flush();
+    const cow_String text = out.str();
+    return std::string(text.c_str(), static_cast<std::size_t>(text.Length()));
+}
+
+// Whatever Print writes must read back to the same keywords: the deck, once read and
+// expanded, is printed and read again, and what it reads back to must print the same
+// text, before its expansion and after it. Gives what went wrong, or an empty text.
+inline std::string RoundTrip(const std::string& dir, const std::uint8_t* data, std::size_t size) {
+    const std::string deckPath = WriteDeck(dir, data, size);
+    wip_WIP& sink = thr_ThreadSingleton<wip_WIP>::Instance();
+    sink.Clear();
+    inp_Deck deck;
+    deck.includeDirectory = cow_String(dir.c_str());
+    deck.Parse(cow_String(deckPath.c_str()));
+    deck.ExpandKeywords();
+    const std::string printed = PrintedText(deck);
+
+    const std::string printedPath = dir + "/printed.inp";
+    WriteBytes(printedPath, printed.data(), printed.size());
+    inp_Deck back;
+    back.includeDirectory = cow_String(dir.c_str());
+    back.Parse(cow_String(printedPath.c_str()));
+    std::string problem;
+    if (PrintedText(back) != printed) {
+        problem = "reads back to other keywords";
+    } else {
+        back.ExpandKeywords();
+        if (PrintedText(back) != printed) problem = "changes in a second expansion";
+    }
+    sink.Clear();
+    return problem;
 }
 
 }  // namespace inp_fuzz

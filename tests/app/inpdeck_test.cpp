@@ -151,6 +151,9 @@ TEST(Driver, UsageAndFileErrorsExitWithTwo) {
         {"--stop-after expnd " + Quoted(deck), "inpdeck: unknown phase: expnd"},
         {Quoted(deck) + " " + Quoted(deck), "inpdeck: more than one deck: " + deck},
         {Quoted(deck) + " -p", "inpdeck: missing value after -p"},
+        {"--max-messages -1 " + Quoted(deck), "inpdeck: invalid message count: -1"},
+        {"--max-messages 12x " + Quoted(deck), "inpdeck: invalid message count: 12x"},
+        {Quoted(deck) + " --max-messages", "inpdeck: missing value after --max-messages"},
         {"-p " + Quoted(dir / "no/such/dir/out.inp") + " " + Quoted(deck),
          "inpdeck: cannot write \"" + (dir / "no/such/dir/out.inp") + "\""},
     };
@@ -182,6 +185,74 @@ TEST(Driver, KeywordLookupResolvesAsADeckLineWould) {
     DriverRun unknown = RunDriver(dir, "keyword NODEFOO");
     EXPECT_EQ(unknown.status, 1);
     EXPECT_EQ(unknown.err, "error: Unknown keyword \"nodefoo\". The keyword may be misspelled, obsolete, or invalid.\n");
+}
+
+// 30 unknown keywords give 26 messages and a closing line; with a warning behind
+// them from a later phase the hidden ones are counted by level.
+TEST(Driver, MessagesBeyondTheLimitAreCountedByLevel) {
+    TempDir dir;
+    std::string text;
+    for (int i = 0; i < 30; ++i) text += "*BOGUS" + std::to_string(i) + "\n";
+    const std::string deck = dir.Write("many.inp", text + "*HEADING\n");
+    struct Case {
+        const char* option;
+        size_t messages;
+        const char* hidden;  // the line behind the messages, or null
+    } cases[] = {
+        {"--max-messages 5", 5,
+         "inpdeck: 22 more messages not shown: 0 fatal, 22 non-fatal, 0 serious errors, 0 warnings "
+         "(--max-messages 0 shows all)"},
+        {"--max-messages 27", 27, nullptr},
+        {"--max-messages 0", 27, nullptr},
+        {"", 27, nullptr},
+    };
+    for (const Case& c : cases) {
+        DriverRun r = RunDriver(dir, std::string(c.option) + " " + Quoted(deck));
+        EXPECT_EQ(r.status, 1) << c.option;
+        std::vector<std::string> lines = Lines(r.err);
+        ASSERT_EQ(lines.size(), c.messages + (c.hidden ? 2 : 1)) << c.option;
+        EXPECT_EQ(lines[c.messages - 1].rfind("error[1]: ", 0), 0u) << c.option;
+        if (c.hidden) {
+            EXPECT_EQ(lines[c.messages], c.hidden);
+        }
+        // The one keyword of the deck, in a flat deck's assembly form.
+        EXPECT_EQ(lines.back().rfind("inpdeck: " + deck + ": 7 keywords", 0), 0u) << lines.back();
+    }
+
+    // Two thousand readings of that file: the default shows a thousand messages.
+    dir.Write("many.inc", text);
+    std::string includes = "*HEADING\n";
+    for (int i = 0; i < 2000; ++i) includes += "*INCLUDE, INPUT=many.inc\n";
+    DriverRun r = RunDriver(dir, "--stop-after parse " + Quoted(dir.Write("includes.inp", includes)));
+    std::vector<std::string> lines = Lines(r.err);
+    ASSERT_EQ(lines.size(), 1002u);
+    EXPECT_EQ(lines[1000],
+              "inpdeck: 53000 more messages not shown: 0 fatal, 53000 non-fatal, 0 serious errors, 0 warnings "
+              "(--max-messages 0 shows all)");
+}
+
+// A deck's bytes reach the terminal in messages (keyword names, data items, file names)
+// and in the tree; none of them may be a control byte or a broken UTF-8 sequence.
+TEST(Driver, DeckBytesCannotDriveTheTerminal) {
+    TempDir dir;
+    const std::string included = "in\x1b[1mc.inp";
+    dir.Write(included, "*NSET, NSET=A\n1\n");
+    const std::string deck = dir.Write(
+        "deck.inp", "*HEADING\n*BOGUS\x1b]0;title\x07\n*INCLUDE, INPUT=" + included +
+                        "\n*INCLUDE, INPUT=gone\x1b[2J\xff\xc2\x9b\xc3\xa9.inp\n*NSET, NSET=\"A\x1b[31m\"\n1\n");
+    DriverRun r = RunDriver(dir, "--tree --stop-after parse " + Quoted(deck));
+    for (const std::string* text : {&r.err, &r.out}) {
+        for (const char c : *text) {
+            const unsigned char u = static_cast<unsigned char>(c);
+            EXPECT_TRUE(u >= 0x20 || c == '\n') << "control byte " << int(u);
+            EXPECT_NE(u, 0xff);
+        }
+        EXPECT_EQ(text->find("\xc2\x9b"), std::string::npos);
+    }
+    EXPECT_NE(r.err.find("error[0]: Include file \"gone?[2J???\xc3\xa9.inp\" does not exist."), std::string::npos)
+        << r.err;
+    EXPECT_NE(r.err.find("error[1]: Unknown keyword \"bogus?]0;title?\""), std::string::npos) << r.err;
+    EXPECT_NE(r.out.find("in?[1mc.inp"), std::string::npos) << r.out;
 }
 
 TEST(Driver, VersionHelpAndUsage) {

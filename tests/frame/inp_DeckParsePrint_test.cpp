@@ -197,4 +197,37 @@ TEST(DeckPrint, LinesThatLookLikeCommentsOrBlankKeywordsReadBack) {
     EXPECT_EQ(Printed(second.keywords), printed);
 }
 
+// What the expansion made of a deck must print in a form that reads and expands back
+// to the same keywords: an empty line in a *NODE block packs to label 0, which the
+// packing refuses as text, and a line of many short items, which the blank behind each
+// comma would take past the 256 characters the reader keeps.
+TEST(DeckPrint, ExpandedDecksReadBackToTheSameKeywords) {
+    TempDir dir;
+    std::string shortItems = "1";
+    for (int i = 2; shortItems.size() + 2 <= 256; ++i) shortItems += "," + std::to_string(i % 10);
+    struct Case {
+        std::string deck;
+        std::string printed;
+    } cases[] = {
+        {"*NODE, NSET=N\n1, 0., 0., 0.\n\n2, 1., 0., 0.\n",
+         "*node, nset=N\n1, 0., 0., 0., 0., 0., 0.\n\n2, 1., 0., 0., 0., 0., 0.\n"},
+        {"*HEADING\n" + shortItems + "\n1, 2\n", "*heading\n" + shortItems + "\n1, 2\n"},
+    };
+    for (const Case& c : cases) {
+        inp_Deck first;
+        Sink().Clear();
+        first.Parse(cow_String(dir.Write("deck.inp", c.deck).c_str()));
+        first.ExpandKeywords();
+        const std::string printed = Printed(first.keywords);
+        EXPECT_EQ(printed, c.printed);
+
+        inp_Deck second;
+        second.Parse(cow_String(dir.Write("again.inp", printed).c_str()));
+        second.ExpandKeywords();
+        EXPECT_EQ(Sink().Count(), 0) << c.deck;
+        ExpectSameKeywords(first.keywords, second.keywords);
+        EXPECT_EQ(Printed(second.keywords), printed);
+    }
+}
+
 }  // namespace

@@ -53,6 +53,21 @@ TEST(FuzzCorpus, EveryKeptInputReadsToTheEndWithAnOrderlySink) {
     EXPECT_EQ(g_problems, std::vector<std::string>{});
 }
 
+TEST(FuzzCorpus, EveryKeptInputPrintsADeckThatReadsBack) {
+    inp_test::TempDir dir;
+    inp_test::InDirectory here(dir.Path());
+    std::vector<std::string> problems;
+    for (const auto& entry : std::filesystem::directory_iterator(INP_FUZZ_CORPUS_DIR)) {
+        if (!entry.is_regular_file() || entry.path().filename().string()[0] == '.') continue;
+        const std::string bytes = inp_test::ReadFile(entry.path().string());
+        const std::string problem = inp_fuzz::RoundTrip(
+            dir.Path().string(), reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
+        if (!problem.empty()) problems.push_back(entry.path().filename().string() + ": " + problem);
+    }
+    std::sort(problems.begin(), problems.end());
+    EXPECT_EQ(problems, std::vector<std::string>{});
+}
+
 TEST(FuzzCorpus, InputsAreCutIntoADeckAndIncludeFiles) {
     inp_test::TempDir dir;
     inp_test::InDirectory here(dir.Path());

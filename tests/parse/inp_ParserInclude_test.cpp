@@ -247,6 +247,70 @@ TEST(ParserInclude, ARunawayChainIsCutWithAMessage) {
     EXPECT_EQ(r.keywords.Count(), inp_Parser::kMaxIncludeDepth);
 }
 
+// 21 files, each of which includes the next one twice, would read 2^21 files: the deck
+// stops at the limit of include files with one fatal error, and what was read stays.
+TEST(ParserInclude, AnIncludeFanOutStopsAtTheLimitOfFiles) {
+    TempDir dir;
+    InDirectory here(dir.Path());
+    const int levels = 21;
+    for (int k = 0; k < levels; ++k) {
+        std::string text = "*NSET, NSET=S" + std::to_string(k) + "\n1\n";
+        if (k + 1 < levels) {
+            const std::string next = "*INCLUDE, INPUT=f" + std::to_string(k + 1) + ".inp\n";
+            text += next + next;
+        }
+        dir.Write("f" + std::to_string(k) + ".inp", text);
+    }
+    inp_Deck deck;
+    thr_ThreadSingleton<wip_WIP>::Instance().Clear();
+    deck.Parse((dir / "f0.inp").c_str());
+    const std::vector<std::string> records = inp_test::SinkRecords();
+    ASSERT_EQ(records.size(), 1u);
+    const std::string& record = records[0];
+    EXPECT_EQ(record.rfind("E0: Include file \"f", 0), 0u) << record;
+    const std::string tail = "is not read, and the deck is read no further: a deck may open at most 20000 include "
+                             "files, repeats counted.";
+    EXPECT_EQ(record.substr(record.size() - tail.size()), tail);
+    EXPECT_EQ(deck.keywords.Count(), 1 + inp_Parser::kMaxIncludeFiles);
+}
+
+// The limits of work, lowered for a small deck: a main file that reads a.inc twice.
+TEST(ParserInclude, TheWorkOfADeckIsLimitedInFilesAndLines) {
+    TempDir dir;
+    InDirectory here(dir.Path());
+    const std::string inc = dir.Write("a.inc", "*NSET, NSET=A\n1\n2\n3\n");
+    const std::string main =
+        dir.Write("main.inp", "*HEADING\n*INCLUDE, INPUT=a.inc\n*INCLUDE, INPUT=a.inc\n*NSET, NSET=Z\n1\n");
+    struct Case {
+        int files;
+        long long lines;
+        std::string fatal;
+        const char* printed;
+    } cases[] = {
+        {100, 100, "", "*heading\n*nset, nset=A\n1\n2\n3\n*nset, nset=A\n1\n2\n3\n*nset, nset=Z\n1\n"},
+        // The eleventh line read is line 4 of the second reading of a.inc.
+        {100, 10,
+         "Line 4 of \"" + inc +
+             "\" and all behind it are not read: a deck may have at most 10 lines, the lines of include files and "
+             "their repeats counted.",
+         "*heading\n*nset, nset=A\n1\n2\n3\n*nset, nset=A\n1\n2\n"},
+        {1, 100,
+         "Include file \"a.inc\" in \"" + main +
+             "\" is not read, and the deck is read no further: a deck may open at most 1 include files, repeats "
+             "counted.",
+         "*heading\n*nset, nset=A\n1\n2\n3\n"},
+    };
+    for (const Case& c : cases) {
+        inp_Parser parser(cow_String(main.c_str()), cow_String(), cow_1DArrayList<cow_String>(), cow_String(), true);
+        parser.SetWorkLimits(c.files, c.lines);
+        const cow_1DArrayList<inp_Keyword> keywords = parser.Parse(true);
+        EXPECT_EQ(Printed(keywords), c.printed);
+        EXPECT_TRUE(parser.Errors().IsEmpty());
+        const std::vector<std::string> fatal = inp_test::ToVector(parser.FatalErrors());
+        EXPECT_EQ(fatal, c.fatal.empty() ? std::vector<std::string>{} : std::vector<std::string>{c.fatal});
+    }
+}
+
 }  // namespace
 
 namespace {

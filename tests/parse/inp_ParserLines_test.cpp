@@ -4,9 +4,11 @@
 #include <gtest/gtest.h>
 
 #include <random>
+#include <string>
 
 #include "../support/inp_TestFiles.h"
 
+using inp_test::InDirectory;
 using inp_test::ParseFile;
 using inp_test::Printed;
 using inp_test::TempDir;
@@ -198,6 +200,85 @@ TEST(ParserLines, ParametersAreTypedAndKeyedByTheirCanonicalName) {
             EXPECT_EQ(Printed(r.keywords), c.printed) << c.line;
         }
     }
+}
+
+// Names that differ in a digit or two agree in most bits of the parameter map's tree;
+// a hundred thousand of them must still read in one pass (the harness bounds the time).
+TEST(ParserLines, AHundredThousandParametersOnContinuationLines) {
+    TempDir dir;
+    const int count = 100000;
+    std::string deck = "*NSET, NSET=A,\n";
+    for (int i = 0; i < count; ++i) deck += "P" + std::to_string(i) + "=" + std::to_string(i) + (i % 10 == 9 ? ",\n" : ", ");
+    deck += "P5=LAST\n1\n";
+    auto r = ParseFile(dir.Write("deck.inp", deck));
+    EXPECT_TRUE(r.errors.empty());
+    ASSERT_EQ(r.keywords.Count(), 1);
+    const inp_Keyword& k = r.keywords.ConstGet(0);
+    EXPECT_EQ(k.parameters.Count(), count + 1);
+    EXPECT_STREQ(inp_test::Value(k, "p99999").c_str(), "99999");
+    EXPECT_STREQ(inp_test::Value(k, "p5").c_str(), "LAST");
+    EXPECT_EQ(k.data.NumberOfLines(), 1);
+
+    // The expansion builds the map anew from the same names, and keeps the unknown ones.
+    inp_Deck model;
+    wip_WIP& sink = thr_ThreadSingleton<wip_WIP>::Instance();
+    sink.Clear();
+    model.Parse(cow_String((dir / "deck.inp").c_str()));
+    model.ExpandKeywords();
+    EXPECT_EQ(sink.ErrorCount(1), count);
+    ASSERT_EQ(model.keywords.Count(), 1);
+    EXPECT_EQ(model.keywords.ConstGet(0).parameters.Count(), count + 1);
+    sink.Clear();
+}
+
+// A byte order mark is stepped over in every file; a file in UTF-16, or one whose lines
+// end in a carriage return alone, reads as no keyword and is warned of.
+TEST(ParserLines, ByteOrderMarksAndForeignLineEnds) {
+    TempDir dir;
+    InDirectory here(dir.Path());
+    const std::string bom = "\xEF\xBB\xBF";
+    dir.Write("data.inc", bom + "1, 2\n*NSET, NSET=B\n3\n");
+    dir.Write("data.dat", bom + "4, 5.\n");
+    auto utf16 = [](const std::string& text, bool bigEndian) {
+        std::string out;
+        for (const char c : text) out += bigEndian ? std::string(1, '\0') + c : std::string(1, c) + '\0';
+        return out;
+    };
+    struct Case {
+        std::string deck;
+        const char* printed;
+        const char* warning;  // behind the file name, or null
+    } cases[] = {
+        {bom + "*HEADING\nT\n*NSET, NSET=A\n1\n", "*heading\nT\n*nset, nset=A\n1\n", nullptr},
+        {"*NSET, NSET=A\n*INCLUDE, INPUT=data.inc\n", "*nset, nset=A\n1, 2\n*nset, nset=B\n3\n", nullptr},
+        {"*HEADING\r\nT\r\n*NSET, NSET=A\r\n1\r\n", "*heading\nT\n*nset, nset=A\n1\n", nullptr},
+        {"*HEADING\n** a\rb\nT\n", "*heading\nT\n", nullptr},
+        {"*HEADING\rT\r*NSET, NSET=A\r1\r", nullptr,
+         "\" ends its lines with carriage returns alone and reads as one line; save it with line feeds as line ends."},
+        {"\xFF\xFE" + utf16("*HEADING\nT\n", false), "",
+         "\" seems to be UTF-16 text, of which no keyword can be read; save it as ASCII or UTF-8."},
+        {utf16("*HEADING\nT\n", true), "",
+         "\" seems to be UTF-16 text, of which no keyword can be read; save it as ASCII or UTF-8."},
+    };
+    for (const Case& c : cases) {
+        const std::string path = dir.Write("main.inp", c.deck);
+        auto r = ParseFile(path);
+        if (c.printed) {
+            EXPECT_EQ(Printed(r.keywords), c.printed) << c.deck;
+        }
+        EXPECT_EQ(r.warnings, c.warning ? std::vector<std::string>{"File \"" + path + c.warning}
+                                        : std::vector<std::string>{})
+            << c.deck;
+    }
+
+    // A data file of its own, read by the expansion, steps over the mark as well.
+    inp_Deck deck;
+    deck.Parse(dir.Write("main.inp", "*NODE, INPUT=data.dat\n").c_str());
+    deck.ExpandKeywords();
+    ASSERT_EQ(deck.keywords.Count(), 1);
+    const inp_DataArray& data = deck.keywords.ConstGet(0).data;
+    ASSERT_EQ(data.NumberOfLines(), 1);
+    EXPECT_EQ(data.AsInt(0, 0), 4);
 }
 
 TEST(ParserLines, LenientParseLetsUnknownFormsPass) {

@@ -80,6 +80,7 @@ struct ParseResult {
     std::vector<std::string> fatal;
     std::vector<std::string> missing;
     std::vector<std::string> leading;
+    std::vector<std::string> warnings;
 };
 
 inline std::vector<std::string> ToVector(const cow_List<atr_String>& list) {
@@ -161,6 +162,7 @@ inline ParseResult ParseFile(const std::string& path, bool strict = true, const 
     r.fatal = ToVector(parser.FatalErrors());
     r.missing = ToVector(parser.MissingFiles());
     r.leading = ToVector(parser.LeadingLines());
+    r.warnings = ToVector(parser.Warnings());
     return r;
 }
 

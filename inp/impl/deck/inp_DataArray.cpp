@@ -51,6 +51,21 @@ cow_String StripBlanksOf(const char* s, int n, bool upper) {
     return out;
 }
 
+// The longest line the reader takes whole.
+const int kReadableLength = 256;
+
+// The normal form of the item (blanks outside quotes removed) begins with `**`: as the
+// first item of a line it would make the line a comment.
+bool IsCommentStart(const char* item) {
+    int stars = 0;
+    for (; *item && stars < 2; ++item) {
+        if (IsBlankChar(*item)) continue;
+        if (*item != '*') return false;
+        ++stars;
+    }
+    return stars == 2;
+}
+
 // Length of a stored line: its items one behind the other, each with its NUL.
 int BlockLength(const char* block, int items) {
     const char* p = block;
@@ -306,10 +321,29 @@ bool inp_RawDataArrayImpl::LastItemIsBlank(int i) const {
     return IsBlank(i, ncols[i] - 1);
 }
 
+int inp_RawDataArrayImpl::PrintedLength(int line, int separator) const {
+    int length = 0;
+    const char* item = rows[line];
+    for (int j = 0; j < ncols[line]; ++j) {
+        const int n = static_cast<int>(std::strlen(item));
+        // A first item that reads as a comment is written as given, blanks and all.
+        const int copied = StripBlanksCopy(item, n, nullptr, true);
+        length += (j == 0 && copied >= 2 && IsCommentStart(item) ? n : copied) + (j > 0 ? separator : 0);
+        item += n + 1;
+    }
+    return length;
+}
+
 // The AsString form of each item, built in a buffer on the stack: the printer writes
 // every line of a deck, and a string per item was most of its time.
 void inp_RawDataArrayImpl::PrintLine(int line, aio_ostream& out) const {
     NEX_ASSERT(line >= 0 && line < nrows);
+    // The reader cuts a line at 256 characters, and the blank behind each comma can
+    // take a line of many short items past that: such a line goes without the blanks,
+    // which the reader does not need. A line too long even so keeps its normal form.
+    const int stored = BlockLength(rows[line], ncols[line]);
+    const bool spaced = stored + 2 * ncols[line] <= kReadableLength || PrintedLength(line, 2) <= kReadableLength ||
+                        PrintedLength(line, 1) > kReadableLength;
     char buffer[512];
     int used = 0;
     const char* item = rows[line];
@@ -326,7 +360,7 @@ void inp_RawDataArrayImpl::PrintLine(int line, aio_ostream& out) const {
         }
         if (j > 0) {
             buffer[used++] = ',';
-            buffer[used++] = ' ';
+            if (spaced) buffer[used++] = ' ';
         }
         if (used + n <= static_cast<int>(sizeof buffer)) {
             const int copied = StripBlanksCopy(p, n, buffer + used, true);

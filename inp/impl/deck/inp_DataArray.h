@@ -79,6 +79,8 @@ public:
     bool LastItemIsBlank(int line) const override;
     inp_DataArrayImpl* Clone() const override;
     void PrintLine(int line, aio_ostream& out) const override;
+    // How long PrintLine writes the line with `separator` characters between the items.
+    int PrintedLength(int line, int separator) const;
 
     // Drops lines `line` and behind; the parser takes back what a failed file gave.
     void RemoveLinesFrom(int line);

@@ -238,6 +238,9 @@ cow_String inp_NodeDataArrayImpl::AsStringVerbatim(int line, int item) const { r
 
 void inp_NodeDataArrayImpl::PrintLine(int line, aio_ostream& out) const {
     NEX_ASSERT(line >= 0 && line < nrows);
+    // Label 0 is what an empty line packs to, and the empty line is what reads back to
+    // it: a printed `0, ...` would be refused with the whole block.
+    if (labels[line] == 0) return;
     char buffer[kItems * (atr_kNumberChars + 2)];
     int used = atr_WriteInt(labels[line], buffer);
     for (int j = 0; j < kValues; ++j) {

@@ -111,6 +111,16 @@ atr_String inp_Utils::TooManyGenerated(const cow_String& context) {
     return atr_Format("The generation on the %s keyword gives more than 100000000 ids.", context);
 }
 
+bool inp_Utils::IdsInRange(long long lowest, long long highest, const cow_String& context, atr_String& message) {
+    if (lowest >= 1 && highest <= kMaxId) return true;
+    atr_translate t("The generation on the %1$s keyword gives the id %2$s, outside the range of ids from 1 to %3$s.");
+    atr_SubstituteFormat(t, 1, context);
+    atr_SubstituteFormat(t, 2, cow_String(std::to_string(lowest < 1 ? lowest : highest).c_str()));
+    atr_SubstituteFormat(t, 3, cow_String(std::to_string(kMaxId).c_str()));
+    message = t.Result();
+    return false;
+}
+
 // Arithmetic in 64 bits: ids come from atoi and may lie anywhere in the int range.
 inp_Utils::Generation inp_Utils::ExpandGeneration(const cow_1DArrayList<int>& ids, const cow_String& context) {
     Generation result;

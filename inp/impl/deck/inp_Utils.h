@@ -58,6 +58,15 @@ public:
     static constexpr long long kMaxGeneratedIds = 100000000;
     static atr_String TooManyGenerated(const cow_String& context);
 
+    // Ids run from 1 to kMaxId. A generator adds and multiplies ids, increments and
+    // shifts that may each lie anywhere in the int range, so it works out the lowest and
+    // the highest id it would make in 64 bits and asks here before it makes any: an id
+    // that wrapped round the int range would land on some other node or element.
+    static constexpr long long kMaxId = 999999999;
+    // True when `lowest` to `highest` lie in the range; otherwise `message` takes the
+    // text, which names the keyword (`context`) and the id that is out of range.
+    static bool IdsInRange(long long lowest, long long highest, const cow_String& context, atr_String& message);
+
     // The ids of one data line, start, end and an optional increment, as the sequence
     // they stand for. `context` names the keyword in the messages.
     static Generation ExpandGeneration(const cow_1DArrayList<int>& ids, const cow_String& context);

@@ -23,6 +23,7 @@ void inp_Deck::Parse(cow_String name) {
     wip_WIP& sink = thr_ThreadSingleton<wip_WIP>::Instance();
     if (!parser.FatalErrors().IsEmpty()) sink.ErrorList(parser.FatalErrors(), wip_Fatal);
     if (!parser.Errors().IsEmpty()) sink.ErrorList(parser.Errors(), wip_Error);
+    if (!parser.Warnings().IsEmpty()) sink.WarningList(parser.Warnings());
 }
 
 void inp_Deck::ExpandKeywords() {

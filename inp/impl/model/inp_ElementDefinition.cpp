@@ -4,6 +4,7 @@
 // *ELEMENT is the largest keyword of a deck: one reusable buffer takes the
 // connectivity of each element, and only a keyword whose stacked elements were
 // completed pays for a rebuilt data array.
+#include <algorithm>
 #include <climits>
 #include <cstring>
 #include <vector>
@@ -15,8 +16,10 @@
 #include "inp_Utils.h"
 #include "nex_Exception.h"
 
+using inp_node::GeneratedSpan;
 using inp_node::Has;
 using inp_node::Integer;
+using inp_node::Span;
 using inp_node::Text;
 
 namespace {
@@ -250,7 +253,12 @@ void inp_ElementVisitor::VisitElement(inp_Keyword& keyword) {
                 for (int k = 0; k < bottom; ++k)
                     for (int j = 1; j <= added; ++j) {
                         const size_t at = static_cast<size_t>(k + j * count);
-                        if (at < nodes.size()) nodes[at] = nodes[static_cast<size_t>(k)] + j * offset;
+                        if (at >= nodes.size()) continue;
+                        // The offset is the deck's, and may take a layer's node past the id range.
+                        const long long node = nodes[static_cast<size_t>(k)] + static_cast<long long>(j) * offset;
+                        atr_String message;
+                        if (!inp_Utils::IdsInRange(node, node, cow_String("*ELEMENT"), message)) return report(message);
+                        nodes[at] = static_cast<int>(node);
                     }
                 count = static_cast<int>(nodes.size());
                 expanded = true;
@@ -292,17 +300,35 @@ void inp_ElementVisitor::VisitElcopy(inp_Keyword& keyword) {
     const inpM_BaseSet* old = setMap.FindSet(KeywordScope(), name, searchAllInstances);
     if (!old) return report(atr_Format("Element set %s does not exist.", name));
     const long long shift = keyword.GetParameterAsInt(cow_String("elementshift"), 0);
-    const int nodeShift = keyword.GetParameterAsInt(cow_String("shiftnodes"), 0);
+    const long long nodeShift = keyword.GetParameterAsInt(cow_String("shiftnodes"), 0);
     const bool reflect = Has(keyword, "reflect");
     const cow_1DArrayList<int> oldIds = old->ConstGetIds();
     omi_IntTable<inp_Element>& table = ScopeTable();
+    if (!oldIds.IsEmpty()) {
+        long long lowest = INT_MAX, highest = INT_MIN, lowestNode = INT_MAX, highestNode = INT_MIN;
+        for (int i = 0; i < oldIds.Count(); ++i) {
+            const int oldId = oldIds.ConstGet(i);
+            lowest = std::min<long long>(lowest, oldId);
+            highest = std::max<long long>(highest, oldId);
+            if (!storeConnectivity || !table.HasKey(oldId)) continue;
+            const inp_Element& source = table.ConstGet(oldId);
+            for (int k = 0; k < source.numNodes; ++k) {
+                if (source.nodes[k] == 0) continue;
+                lowestNode = std::min<long long>(lowestNode, source.nodes[k]);
+                highestNode = std::max<long long>(highestNode, source.nodes[k]);
+            }
+        }
+        atr_String message;
+        if (!inp_Utils::IdsInRange(lowest + shift, highest + shift, cow_String("*ELCOPY"), message) ||
+            (lowestNode <= highestNode &&
+             !inp_Utils::IdsInRange(lowestNode + nodeShift, highestNode + nodeShift, cow_String("*ELCOPY"), message)))
+            return report(message);
+    }
     cow_1DArrayList<int> ids(oldIds.Count());
     std::vector<int> nodes;
     for (int i = 0; i < oldIds.Count(); ++i) {
         const int oldId = oldIds.ConstGet(i);
-        const long long value = oldId + shift;
-        if (value < INT_MIN || value > INT_MAX) continue;
-        const int id = static_cast<int>(value);
+        const int id = static_cast<int>(oldId + shift);
         if (!storeConnectivity) {
             ids.Append(id);
             table.Insert(id, inp_Element());
@@ -312,7 +338,7 @@ void inp_ElementVisitor::VisitElcopy(inp_Keyword& keyword) {
         const inp_Element source = table.ConstGet(oldId);
         nodes.assign(source.nodes, source.nodes + source.numNodes);
         for (int& node : nodes)
-            if (node != 0) node += nodeShift;
+            if (node != 0) node = static_cast<int>(node + nodeShift);
         if (reflect) {
             const cow_1DArrayList<int>* order = reflectOrder.Lookup(source.type);
             if (!order)
@@ -356,6 +382,9 @@ void inp_ElementVisitor::VisitElgen(inp_Keyword& keyword) {
         if (highest > 999999999.0) return report(atr_raw("Maximum element number allowed is 999999999."));
         if (static_cast<double>(number) * rows * layers > static_cast<double>(inp_Utils::kMaxGeneratedIds))
             return report(inp_Utils::TooManyGenerated(cow_String("*ELGEN")));
+        const Span made = GeneratedSpan(master, number, increment, rows, rowIncrement, layers, layerIncrement);
+        atr_String message;
+        if (!inp_Utils::IdsInRange(made.lowest, made.highest, cow_String("*ELGEN"), message)) return report(message);
         if (!table.HasKey(master)) {
             if (!storeConnectivity) return;
             atr_translate t("Master element %d is not defined.");
@@ -369,14 +398,20 @@ void inp_ElementVisitor::VisitElgen(inp_Keyword& keyword) {
             // The orientation node of a beam stays where it is.
             if (info && source.numNodes > info->minNodes) shifted = source.numNodes - 1;
         }
+        const Span moves = GeneratedSpan(0, number, step, rows, rowStep, layers, layerStep);
+        for (int n = 0; n < shifted; ++n) {
+            const long long node = source.nodes[n];
+            if (node != 0 && !inp_Utils::IdsInRange(node + moves.lowest, node + moves.highest, cow_String("*ELGEN"),
+                                                    message))
+                return report(message);
+        }
         for (int k = 0; k < layers; ++k)
             for (int j = 0; j < rows; ++j)
                 for (int i = 0; i < number; ++i) {
-                    const long long value = static_cast<long long>(master) + static_cast<long long>(i) * increment +
-                                            static_cast<long long>(j) * rowIncrement +
-                                            static_cast<long long>(k) * layerIncrement;
-                    if (value < INT_MIN || value > INT_MAX) continue;
-                    const int id = static_cast<int>(value);
+                    const int id = static_cast<int>(static_cast<long long>(master) +
+                                                    static_cast<long long>(i) * increment +
+                                                    static_cast<long long>(j) * rowIncrement +
+                                                    static_cast<long long>(k) * layerIncrement);
                     ids.Append(id);
                     if (i == 0 && j == 0 && k == 0) continue;
                     const long long move = static_cast<long long>(i) * step + static_cast<long long>(j) * rowStep +

@@ -5,6 +5,7 @@
 // A scope's table holds coordinates in the frame of its part while reads of an
 // instance's node give assembly coordinates, so generated points are carried back
 // through the inverse of the instance's placement before they are stored.
+#include <algorithm>
 #include <cmath>
 #include <functional>
 #include <initializer_list>
@@ -174,21 +175,28 @@ void inp_NodeVisitor::VisitNcopy(inp_Keyword& keyword) {
         errors.Append(inp_Utils::MessageInKeyword(keyword, inp_Utils::TooManyGenerated(cow_String("*NCOPY"))));
         return;
     }
+    if (multiple > 0 && !oldIds.IsEmpty()) {
+        long long lowest = oldIds.ConstGet(0), highest = lowest;
+        for (int i = 1; i < oldIds.Count(); ++i) {
+            lowest = std::min<long long>(lowest, oldIds.ConstGet(i));
+            highest = std::max<long long>(highest, oldIds.ConstGet(i));
+        }
+        const long long first = change, last = change * multiple;
+        atr_String message;
+        if (!inp_Utils::IdsInRange(lowest + std::min(first, last), highest + std::max(first, last),
+                                   cow_String("*NCOPY"), message)) {
+            errors.Append(inp_Utils::MessageInKeyword(keyword, message));
+            return;
+        }
+    }
     inp_CoordMap* map = ScopeMap();
     cow_1DArrayList<int> ids(multiple > 0 ? multiple * oldIds.Count() : 0);
-    // Ids beyond the int range are no ids: such a copy is dropped.
-    auto newId = [&](int k, int oldId, int& id) {
-        const long long value = change * k + oldId;
-        if (value < -2147483647LL || value > 2147483647LL) return false;
-        id = static_cast<int>(value);
-        return true;
-    };
+    auto newId = [&](int k, int oldId) { return static_cast<int>(change * k + oldId); };
 
     if (!computeCoordinates || !map) {
         for (int k = 1; k <= multiple; ++k)
             for (int i = 0; i < oldIds.Count(); ++i) {
-                int id;
-                if (!newId(k, oldIds.ConstGet(i), id)) continue;
+                const int id = newId(k, oldIds.ConstGet(i));
                 ids.Append(id);
                 if (map) map->Insert(id, inp_Coord());
             }
@@ -239,8 +247,8 @@ void inp_NodeVisitor::VisitNcopy(inp_Keyword& keyword) {
         if (mode == kShift) running.Concatenate(step);
         for (int i = 0; i < oldIds.Count(); ++i) {
             const int oldId = oldIds.ConstGet(i);
-            int id;
-            if (!map->HasId(oldId) || !newId(k, oldId, id)) continue;
+            if (!map->HasId(oldId)) continue;
+            const int id = newId(k, oldId);
             const inp_Coord source = map->ConstGet(oldId);
             gsl_Point p = PointOf(source);
             gsl_Vector n = NormalOf(source);
@@ -342,6 +350,13 @@ bool inp_NodeVisitor::NfillLine(const inp_Keyword& keyword, int line, double bia
     }
     int inc = Integer(data, line, 3, 1);
     if (inc == 0) inc = 1;
+    // Each pair makes n - 1 ids, a + inc to a + (n - 1) inc.
+    for (int pair = 0; pair < count && n > 1; ++pair) {
+        const long long a = first.ConstGet(pair), last = a + static_cast<long long>(n - 1) * inc;
+        atr_String message;
+        if (!inp_Utils::IdsInRange(std::min(a + inc, last), std::max(a + inc, last), cow_String("*NFILL"), message))
+            return report(message);
+    }
     ids.Append(first);
     ids.Append(second);
 
@@ -533,11 +548,18 @@ bool inp_NodeVisitor::NgenLine(const inp_Keyword& keyword, int line, const cow_S
         report(inp_Utils::TooManyGenerated(cow_String("*NGEN")));
         return false;
     }
+    // An increment against the direction from first to last steps away from both.
+    if (count > 2) {
+        const long long second = static_cast<long long>(firstId) + inc, last = firstId + (count - 2) * inc;
+        atr_String message;
+        if (!inp_Utils::IdsInRange(std::min(second, last), std::max(second, last), cow_String("*NGEN"), message)) {
+            report(message);
+            return false;
+        }
+    }
     ids.Append(firstId);
     for (long long i = 1; i <= count - 2; ++i) {
-        const long long value = firstId + i * inc;
-        if (value < -2147483647LL || value > 2147483647LL) break;
-        const int id = static_cast<int>(value);
+        const int id = static_cast<int>(firstId + i * inc);
         ids.Append(id);
         if (!map) continue;
         inp_Coord record;

@@ -8,8 +8,10 @@
 #include "inp_Types.h"
 #include "inp_Utils.h"
 
+using inp_node::GeneratedSpan;
 using inp_node::Has;
 using inp_node::Integer;
+using inp_node::Span;
 using inp_node::Text;
 
 namespace {
@@ -222,8 +224,11 @@ void inp_NodeGenerationVisitor::VisitElgen(inp_Keyword& keyword) {
         if (!StackOf(source.type, source.bottomNodes != 0, stack)) continue;
         if (rows < 1) rows = 1;
         if (layers < 1) layers = 1;
-        // The element pass refused a generation this large.
+        // The element pass refused a generation this large, or one that leaves the id range.
         if (static_cast<double>(number) * rows * layers > static_cast<double>(inp_Utils::kMaxGeneratedIds)) return;
+        const Span span = GeneratedSpan(master, number, increment, rows, rowIncrement, layers, layerIncrement);
+        atr_String ignored;
+        if (!inp_Utils::IdsInRange(span.lowest, span.highest, cow_String("*ELGEN"), ignored)) return;
         for (int k = 0; k < layers; ++k)
             for (int j = 0; j < rows; ++j)
                 for (int i = 0; i < number; ++i) {
@@ -231,7 +236,6 @@ void inp_NodeGenerationVisitor::VisitElgen(inp_Keyword& keyword) {
                     const long long id = static_cast<long long>(master) + static_cast<long long>(i) * increment +
                                          static_cast<long long>(j) * rowIncrement +
                                          static_cast<long long>(k) * layerIncrement;
-                    if (id < -2147483647LL || id > 2147483647LL) continue;
                     if (!CompleteGenerated(keyword, static_cast<int>(id), false)) return;
                 }
     }

@@ -33,6 +33,22 @@ inline int Integer(const inp_DataArray& data, int line, int k, int fallback = 0)
     return line < data.NumberOfLines() && data.HasValue(line, k) ? data.AsInt(line, k) : fallback;
 }
 
+// The lowest and highest of base + i step + j rowStep + k layerStep over a grid of
+// number by rows by layers, in 64 bits: what an *ELGEN line makes of an id or a node.
+struct Span {
+    long long lowest, highest;
+};
+inline Span GeneratedSpan(long long base, int number, int step, int rows, int rowStep, int layers, int layerStep) {
+    Span span{base, base};
+    const long long ends[] = {static_cast<long long>(number - 1) * step, static_cast<long long>(rows - 1) * rowStep,
+                              static_cast<long long>(layers - 1) * layerStep};
+    for (const long long end : ends) {
+        if (end < 0) span.lowest += end;
+        else span.highest += end;
+    }
+    return span;
+}
+
 // Items k, k+1 and k+2 of a line, 0.0 where the line ends early.
 inline gsl_Point Triple(const inp_DataArray& data, int line, int k) {
     return gsl_Point(Number(data, line, k), Number(data, line, k + 1), Number(data, line, k + 2));

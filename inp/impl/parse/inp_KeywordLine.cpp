@@ -40,7 +40,8 @@ cow_1DArrayList<cow_String> inp_KeywordLine::SplitParameters(const cow_String& t
 }
 
 cow_Map<cow_String, inp_Item> inp_KeywordLine::ParseParameters(const cow_String& text, bool strict) {
-    cow_Map<cow_String, inp_Item> parameters;
+    // Built in one batch, so that a list of many keys costs no more than its length.
+    cow_MapBuilder<inp_Item> parameters;
     cow_1DArrayList<cow_String> pieces = SplitParameters(text);
     for (int i = 0; i < pieces.Count(); ++i) {
         const cow_String& piece = pieces.ConstGet(i);
@@ -67,5 +68,5 @@ cow_Map<cow_String, inp_Item> inp_KeywordLine::ParseParameters(const cow_String&
             inp_InvalidParameterValueException(key, value).Throw(__FILE__, __LINE__);
         parameters.Insert(key, item);
     }
-    return parameters;
+    return parameters.Build();
 }

@@ -3,8 +3,11 @@
 #include <string.h>
 
 #include <cctype>
+#include <cstdio>
+#include <cstring>
 #include <memory>
 #include <new>
+#include <string>
 
 #include "inp_Exceptions.h"
 #include "inp_KeywordLine.h"
@@ -61,22 +64,82 @@ void AddLimited(cow_List<atr_String>& list, const atr_String& text, const char* 
 
 }  // namespace
 
-// An *INCLUDE that would nest the chain of files deeper than the parser allows. It is
-// fatal like a circular include: the rest of that branch of the deck is missing.
-class inp_IncludeDepthException : public inp_KeywordException {
+// An *INCLUDE past one of the parser's limits: the chain of files would nest deeper
+// than it allows, or the deck has opened as many include files as it may. It is fatal
+// like a circular include: the rest of that branch of the deck is missing.
+class inp_IncludeLimitException : public inp_KeywordException {
 public:
-    inp_IncludeDepthException(int line, const cow_String& file, const cow_String& name)
-        : inp_KeywordException(line, file, Message(name)) {}
-    NEX_EXCEPTION_BODY(inp_IncludeDepthException)
-
-private:
-    static atr_String Message(const cow_String& name) {
-        atr_translate t("Include file \"%1$s\" is not read: a chain of include files may hold at most %2$s files.");
-        atr_SubstituteFormat(t, 1, name);
-        atr_SubstituteFormat(t, 2, inp_Parser::kMaxIncludeDepth);
-        return t.Result();
-    }
+    inp_IncludeLimitException(int line, const cow_String& file, const atr_String& text)
+        : inp_KeywordException(line, file, text) {}
+    NEX_EXCEPTION_BODY(inp_IncludeLimitException)
 };
+
+namespace {
+
+// What the head of a file tells about its text. A byte order mark would make the first
+// line of the file a data line, and with it the first keyword would be lost; UTF-16
+// and lines that end in a carriage return alone read as no keyword at all.
+struct FileHead {
+    bool byteOrderMark = false;
+    bool utf16 = false;
+    bool carriageReturnsOnly = false;
+};
+
+FileHead ReadHead(const char* path) {
+    FileHead head;
+    std::FILE* file = std::fopen(path, "rb");
+    if (!file) return head;
+    unsigned char bytes[4096];
+    const size_t n = std::fread(bytes, 1, sizeof bytes, file);
+    std::fclose(file);
+    head.byteOrderMark = n >= 3 && bytes[0] == 0xEF && bytes[1] == 0xBB && bytes[2] == 0xBF;
+    if (n >= 2 && ((bytes[0] == 0xFF && bytes[1] == 0xFE) || (bytes[0] == 0xFE && bytes[1] == 0xFF))) {
+        head.utf16 = true;
+    } else if (n >= 4) {
+        // Text of the ASCII range in UTF-16 has a NUL in every other place.
+        const size_t checked = n < 64 ? n & ~size_t(1) : 64;
+        bool evenNul = true, oddNul = true, evenText = true, oddText = true;
+        for (size_t i = 0; i < checked; ++i) {
+            const bool nul = bytes[i] == 0;
+            bool& isNul = i % 2 ? oddNul : evenNul;
+            bool& isText = i % 2 ? oddText : evenText;
+            isNul = isNul && nul;
+            isText = isText && !nul;
+        }
+        head.utf16 = (evenNul && oddText) || (oddNul && evenText);
+    }
+    head.carriageReturnsOnly = std::memchr(bytes, '\r', n) && !std::memchr(bytes, '\n', n);
+    return head;
+}
+
+atr_String DepthMessage(const cow_String& name) {
+    atr_translate t("Include file \"%1$s\" is not read: a chain of include files may hold at most %2$s files.");
+    atr_SubstituteFormat(t, 1, name);
+    atr_SubstituteFormat(t, 2, inp_Parser::kMaxIncludeDepth);
+    return t.Result();
+}
+
+atr_String IncludeFilesMessage(const cow_String& name, const cow_String& file, int limit) {
+    atr_translate t(
+        "Include file \"%1$s\" in \"%2$s\" is not read, and the deck is read no further: a deck may open at most "
+        "%3$s include files, repeats counted.");
+    atr_SubstituteFormat(t, 1, name);
+    atr_SubstituteFormat(t, 2, file);
+    atr_SubstituteFormat(t, 3, limit);
+    return t.Result();
+}
+
+atr_String LinesMessage(const cow_String& file, int line, long long limit) {
+    atr_translate t(
+        "Line %1$s of \"%2$s\" and all behind it are not read: a deck may have at most %3$s lines, the lines of "
+        "include files and their repeats counted.");
+    atr_SubstituteFormat(t, 1, line);
+    atr_SubstituteFormat(t, 2, file);
+    atr_SubstituteFormat(t, 3, cow_String(std::to_string(limit).c_str()));
+    return t.Result();
+}
+
+}  // namespace
 
 inp_Parser::inp_Parser(const cow_String& fileName, const cow_String& includeDirectory,
                        const cow_1DArrayList<cow_String>& enclosingFiles, const cow_String& password,
@@ -98,11 +161,17 @@ inp_Parser::inp_Parser(const cow_String& fileName, const cow_String& includeDire
       m_leadingTargetLines(0),
       m_memoryErrors(0),
       m_couldNotOpen(false) {
+    m_work = &m_ownWork;
     m_buffer[0] = '\0';
     m_enclosingFiles.Append(fileName);
 }
 
 inp_Parser::~inp_Parser() { close(); }
+
+void inp_Parser::SetWorkLimits(int includeFiles, long long lines) {
+    m_work->maxIncludeFiles = includeFiles;
+    m_work->maxLines = lines;
+}
 
 cow_1DArrayList<cow_String> inp_Parser::LeadingLines() const {
     cow_1DArrayList<cow_String> lines;
@@ -122,13 +191,20 @@ const char* inp_Parser::ReadLine() {
         m_stashed = false;
         return m_buffer;
     }
-    if (state & (eofbit | failbit)) {
+    if ((state & (eofbit | failbit)) || m_work->exhausted) {
         m_eof = true;
         m_buffer[0] = '\0';
         return m_buffer;
     }
     getline(m_buffer, kLineLimit + 1);
     if (state & failbit) {
+        m_eof = true;
+        m_buffer[0] = '\0';
+        return m_buffer;
+    }
+    if (++m_work->lines > m_work->maxLines) {
+        m_work->exhausted = true;
+        AddFatalError(LinesMessage(m_fileName, m_lineNumber, m_work->maxLines));
         m_eof = true;
         m_buffer[0] = '\0';
         return m_buffer;
@@ -238,6 +314,7 @@ cow_1DArrayList<inp_Keyword> inp_Parser::Parse(bool strict) {
         open(nullptr);  // the first read then finds the end
     }
 
+    CheckHead();
     try {
         SkipToKeyword(true);
         while (!m_eof) ParseLoop(strict);
@@ -278,6 +355,22 @@ cow_1DArrayList<inp_Keyword> inp_Parser::Parse(bool strict) {
     return m_keywords;
 }
 
+void inp_Parser::CheckHead() {
+    if (m_couldNotOpen) return;
+    const FileHead head = ReadHead(m_fileName.c_str());
+    if (head.byteOrderMark)
+        for (int i = 0; i < 3; ++i) get();
+    if (head.utf16) {
+        m_warnings.Append(atr_Format(
+            "File \"%s\" seems to be UTF-16 text, of which no keyword can be read; save it as ASCII or UTF-8.",
+            m_fileName));
+    } else if (head.carriageReturnsOnly) {
+        m_warnings.Append(atr_Format("File \"%s\" ends its lines with carriage returns alone and reads as one line; "
+                                     "save it with line feeds as line ends.",
+                                     m_fileName));
+    }
+}
+
 // One keyword, and where reading resumes when it fails. Kept apart from Parse so that
 // the frames an include chain stacks up stay small.
 void inp_Parser::ParseLoop(bool strict) {
@@ -298,7 +391,7 @@ void inp_Parser::ParseLoop(bool strict) {
         AddFatalError(e.UserReport());
     } catch (const inp_CircularIncludeFileException& e) {
         AddFatalError(e.UserReport());
-    } catch (const inp_IncludeDepthException& e) {
+    } catch (const inp_IncludeLimitException& e) {
         AddFatalError(e.UserReport());
     } catch (const inp_KeywordException& e) {
         AddError(e.UserReport());
@@ -441,7 +534,13 @@ cow_String inp_Parser::LocateInclude(const inp_Keyword& include, cow_String& pas
     if (m_enclosingFiles.IsMember(absolute))
         inp_CircularIncludeFileException(line, m_fileName, name).Throw(__FILE__, __LINE__);
     if (m_enclosingFiles.Count() >= kMaxIncludeDepth)
-        inp_IncludeDepthException(line, m_fileName, name).Throw(__FILE__, __LINE__);
+        inp_IncludeLimitException(line, m_fileName, DepthMessage(name)).Throw(__FILE__, __LINE__);
+    if (m_work->includeFiles >= m_work->maxIncludeFiles) {
+        m_work->exhausted = true;
+        inp_IncludeLimitException(line, m_fileName, IncludeFilesMessage(name, m_fileName, m_work->maxIncludeFiles))
+            .Throw(__FILE__, __LINE__);
+    }
+    ++m_work->includeFiles;
 
     m_includedFiles.Append(name);
     m_includedSet.insert(std::string_view(m_includedFiles.Last().c_str()));
@@ -456,6 +555,7 @@ cow_1DArrayList<inp_Keyword> inp_Parser::ParseInclude(const inp_Keyword& include
     // and stream state of each would otherwise sit in the frames.
     std::unique_ptr<inp_Parser> child(
         new inp_Parser(absolute, m_includeDirectory, m_enclosingFiles, password, m_checkHeader));
+    child->m_work = m_work;
     if (!m_keywords.IsEmpty()) child->StreamLeadingLinesTo(m_keywords.Last().data);
     cow_1DArrayList<inp_Keyword> keywords = child->Parse(strict);
     MergeChild(*child);
@@ -501,6 +601,7 @@ void inp_Parser::StreamLeadingLinesTo(const inp_DataArray& target) {
 void inp_Parser::MergeChild(inp_Parser& child) {
     m_errors.Append(child.m_errors);
     m_fatalErrors.Append(child.m_fatalErrors);
+    m_warnings.Append(child.m_warnings);
     for (int i = 0; i < child.m_includedFiles.Count(); ++i) {
         const cow_String& name = child.m_includedFiles.ConstGet(i);
         if (m_includedSet.count(std::string_view(name.c_str()))) continue;

@@ -41,6 +41,13 @@ public:
     // chain stays near 2 MB of stack; past this the *INCLUDE is refused with a fatal
     // error, so that a runaway chain ends in a message and not in a stack overflow.
     static constexpr int kMaxIncludeDepth = 2000;
+    // The work one deck may ask for in all: include files opened and lines read, the
+    // main file and every repeat of an include file counted. The cycle test stops a
+    // file from including itself, but a file that includes the next one twice doubles
+    // the work with every level, and 30 levels are more than any machine can read.
+    // Past either limit the deck is read no further, with one fatal error.
+    static constexpr int kMaxIncludeFiles = 20000;
+    static constexpr long long kMaxLines = 50000000;
 
     // Opens nothing yet. The file name is appended to `enclosingFiles`, the chain from
     // the main file down to this one.
@@ -55,10 +62,16 @@ public:
     // met in place of a continuation line is skipped, and a missing include file is
     // only recorded in MissingFiles.
     cow_1DArrayList<inp_Keyword> Parse(bool strict);
+    // Sets the two limits of the work for this parser and its include files, in place
+    // of kMaxIncludeFiles and kMaxLines; before Parse.
+    void SetWorkLimits(int includeFiles, long long lines);
 
     // For the caller, after Parse.
     const cow_List<atr_String>& Errors() const { return m_errors; }
     const cow_List<atr_String>& FatalErrors() const { return m_fatalErrors; }
+    // Files that are read but seem not to be plain deck text (UTF-16, or lines ended by
+    // carriage returns alone), of this file and all below it.
+    const cow_List<atr_String>& Warnings() const { return m_warnings; }
     // File names as written in *INCLUDE, of this file and all below it, each once.
     const cow_1DArrayList<cow_String>& IncludedFiles() const { return m_includedFiles; }
     // Base names of this file's include files that were not found.
@@ -93,9 +106,25 @@ private:
     // Where an enciphered line would be turned into plain text.
     void DecryptLine(char* buffer);
 
+    // Looks at the start of the file before it is read: a UTF-8 byte order mark is
+    // stepped over, and a file that will read as nothing that makes sense is warned of.
+    void CheckHead();
+
     void AddFatalError(const atr_String& text);
     void AddError(const atr_String& text);
     void ParseLoop(bool strict);
+
+    // What the whole deck has read so far. The main file's parser owns it; each child
+    // points to its parent's.
+    struct Work {
+        int includeFiles = 0;
+        long long lines = 0;
+        int maxIncludeFiles = kMaxIncludeFiles;
+        long long maxLines = kMaxLines;
+        bool exhausted = false;
+    };
+    Work m_ownWork;
+    Work* m_work;
 
     int m_lineNumber;
     cow_String m_fileName;
@@ -129,6 +158,7 @@ private:
     cow_1DArrayList<cow_String> m_missingFiles;
     cow_List<atr_String> m_errors;
     cow_List<atr_String> m_fatalErrors;
+    cow_List<atr_String> m_warnings;
     int m_memoryErrors;
     bool m_couldNotOpen;
 };
