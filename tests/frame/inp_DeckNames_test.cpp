@@ -210,3 +210,34 @@ TEST(DeckNames, PeriodInADefinedNameOfAnAssemblyDeckIsAnError) {
     for (const std::string& r : records) periodErrors += r.find("Period cannot be used") != std::string::npos;
     EXPECT_EQ(periodErrors, 1);
 }
+
+// A flat deck is told of each period and repaired: its names lose their periods before
+// the conversion reads them as scopes.
+TEST(DeckNames, PeriodInAFlatDeckIsAWarningAndBecomesAnUnderscore) {
+    TempDir dir;
+    const std::string path = dir.Write("flat.inp",
+                                       "*NODE, NSET=A.B\n"
+                                       "1, 0., 0., 0.\n"
+                                       "2, 1., 0., 0.\n"
+                                       "*NCOPY, OLD SET=A.B, NEW SET=C.D, CHANGE NUMBER=10\n"
+                                       "*NSET, NSET=\"Q.R\"\n"
+                                       "1,\n"
+                                       "*STEP\n*STATIC\n*BOUNDARY\nA.B, 1, 3\n*END STEP\n");
+    inp_Deck deck;
+    Expanded(deck, path);
+    deck.Classify(true);
+    const std::string text = "A period may not be used within a set, surface, orientation, or rebar name. To avoid "
+                             "further errors, remove the period from this name.";
+    const std::string in = "W: in keyword *";
+    EXPECT_EQ(SinkRecords(), (Strings{in + "NODE, file \"" + path + "\", line 1: " + text,
+                                      in + "NCOPY, file \"" + path + "\", line 4: " + text,
+                                      in + "NCOPY, file \"" + path + "\", line 4: " + text,
+                                      // The old set of *NCOPY is no definition and keeps its
+                                      // period, so it no longer names the renamed set.
+                                      "E1: in keyword *NCOPY, file \"" + path + "\", line 4: Node set A.B does not exist."}));
+    EXPECT_EQ(All(deck, inp_kwBoundary), Strings{"*boundary\nA_B, 1, 3\n"});
+    const inpM_BaseSet& copied = deck.assemblyNodeSets.ConstGetSet(cow_String("C_D"));
+    EXPECT_EQ(copied.ConstGetSecondLevelIds(cow_String("PART-1-1")).Count(), 0);
+    EXPECT_TRUE(deck.assemblyNodeSets.HasNestedSet(cow_String("PART-1-1"), cow_String("\"Q.R\"")) ||
+                deck.assemblyNodeSets.IsMember(cow_String("\"Q.R\"")));
+}
