@@ -1,5 +1,8 @@
 #include "aio_istream.h"
 
+#include <sys/stat.h>
+
+#include <cstdio>
 #include <cstring>
 #include <new>
 
@@ -15,6 +18,8 @@ void aio_istream::SetBlock(const char* data, std::size_t size) {
 }
 
 void aio_istream::ResetInput(bool sourceEnded) {
+    // The next source may want a block of another size.
+    m_block.reset();
     m_data = nullptr;
     m_pos = 0;
     m_end = 0;
@@ -26,7 +31,9 @@ bool aio_istream::Ensure(std::size_t count) {
     if (m_end - m_pos >= count) return true;
     if (m_sourceDone) return false;
     if (!m_block) {
-        m_block.reset(new (std::nothrow) char[kBlockSize]);
+        // Room for a line end that straddles two refills, whatever the source said.
+        m_blockSize = m_sourceSizeKnown && m_sourceSize + 2 < kBlockSize ? m_sourceSize + 2 : kBlockSize;
+        m_block.reset(new (std::nothrow) char[m_blockSize]);
         if (!m_block) {
             // Without a buffer nothing more can be read; end the input rather than fail
             // later in a less obvious place.
@@ -41,7 +48,7 @@ bool aio_istream::Ensure(std::size_t count) {
     m_pos = 0;
     m_end = left;
     while (m_end < count) {
-        long got = ReadSource(m_block.get() + m_end, kBlockSize - m_end);
+        long got = ReadSource(m_block.get() + m_end, m_blockSize - m_end);
         if (got <= 0) {
             m_sourceDone = true;
             return false;
@@ -135,6 +142,9 @@ void aio_ifstream::open(const char* name) {
     // Our own block is the buffer; a second one inside the FILE would only copy.
     if (m_file) std::setvbuf(m_file, nullptr, _IONBF, 0);
     ResetInput(m_file == nullptr);
+    struct stat info;
+    m_sourceSizeKnown = m_file && fstat(fileno(m_file), &info) == 0 && S_ISREG(info.st_mode);
+    m_sourceSize = m_sourceSizeKnown ? static_cast<std::size_t>(info.st_size) : 0;
 }
 
 void aio_ifstream::close() {

@@ -49,6 +49,12 @@ protected:
     // the source, below 0 on an error (which ends the input like its end does).
     virtual long ReadSource(char* dst, std::size_t max);
 
+    // How many bytes the source holds, when it knows (a regular file does). A small
+    // file then costs no full block: the block is made anew for every file, and an
+    // include file is often a few lines.
+    bool m_sourceSizeKnown = false;
+    std::size_t m_sourceSize = 0;
+
     // The input is this memory, which must outlive the stream; there is no source.
     void SetBlock(const char* data, std::size_t size);
     // Forgets all buffered input; with sourceEnded the stream reads nothing more.
@@ -65,6 +71,7 @@ private:
     std::size_t m_end;
     bool m_sourceDone;
     std::unique_ptr<char[]> m_block;
+    std::size_t m_blockSize = 0;
     int m_gcount;
 };
 

@@ -12,6 +12,7 @@
 #include <stdlib.h>
 #include <unistd.h>
 
+#include <cctype>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
@@ -119,9 +120,18 @@ inline std::string PrintedText(inp_Deck& deck) {
     return std::string(text.c_str(), static_cast<std::size_t>(text.Length()));
 }
 
+// The text in upper case. A raw data item prints in upper case and a packed one as its
+// number is written (`1.5e+83`): a printed deck read back, before its expansion has
+// packed it again, can differ from itself in that alone.
+inline std::string Upper(std::string text) {
+    for (char& c : text) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+    return text;
+}
+
 // Whatever Print writes must read back to the same keywords: the deck, once read and
 // expanded, is printed and read again, and what it reads back to must print the same
-// text, before its expansion and after it. Gives what went wrong, or an empty text.
+// text (but for the case of packed numbers) before its expansion, and the very same
+// text after it. Gives what went wrong, or an empty text.
 inline std::string RoundTrip(const std::string& dir, const std::uint8_t* data, std::size_t size) {
     const std::string deckPath = WriteDeck(dir, data, size);
     wip_WIP& sink = thr_ThreadSingleton<wip_WIP>::Instance();
@@ -138,7 +148,7 @@ inline std::string RoundTrip(const std::string& dir, const std::uint8_t* data, s
     back.includeDirectory = cow_String(dir.c_str());
     back.Parse(cow_String(printedPath.c_str()));
     std::string problem;
-    if (PrintedText(back) != printed) {
+    if (Upper(PrintedText(back)) != Upper(printed)) {
         problem = "reads back to other keywords";
     } else {
         back.ExpandKeywords();
