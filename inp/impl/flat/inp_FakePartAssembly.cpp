@@ -321,18 +321,22 @@ bool inp_FakePartVisitor::HandOverWholeTable(const cow_String& part, const cow_1
 
     inp_CoordMap& nodes = PartNodes(part);
     const inp_CoordMap* flatNodes = FlatNodes();
+    omi_IntTableIterator<inp_Element> it(partElements.ConstGet(part));
+    for (it.First(); !it.IsDone(); it.Next()) CopyNodesOf(it.CurrentValue(), nodes, flatNodes);
+    return true;
+}
+
+// Each node of the element that the part lacks comes from the flat model, or stands at
+// the origin, marked undefined, when the flat model lacks it too.
+void inp_FakePartVisitor::CopyNodesOf(const inp_Element& element, inp_CoordMap& nodes,
+                                      const inp_CoordMap* flatNodes) {
     inp_Coord undefined;
     undefined.isDefined = false;
-    omi_IntTableIterator<inp_Element> it(partElements.ConstGet(part));
-    for (it.First(); !it.IsDone(); it.Next()) {
-        const inp_Element& element = it.CurrentValue();
-        for (int n = 0; n < element.numNodes; ++n) {
-            const int node = element.nodes[n];
-            if (node == 0 || nodes.HasId(node)) continue;
-            nodes.Insert(node, flatNodes && flatNodes->HasId(node) ? flatNodes->ConstGet(node) : undefined);
-        }
+    for (int n = 0; n < element.numNodes; ++n) {
+        const int node = element.nodes[n];
+        if (node == 0 || nodes.HasId(node)) continue;
+        nodes.Insert(node, flatNodes && flatNodes->HasId(node) ? flatNodes->ConstGet(node) : undefined);
     }
-    return true;
 }
 
 void inp_FakePartVisitor::MoveElements(const cow_String& part, const cow_1DArrayList<int>& ids) {
@@ -341,17 +345,11 @@ void inp_FakePartVisitor::MoveElements(const cow_String& part, const cow_1DArray
     omi_IntTable<inp_Element>& target = PartElementTable(part);
     inp_CoordMap& nodes = PartNodes(part);
     const inp_CoordMap* flatNodes = FlatNodes();
-    inp_Coord undefined;
-    undefined.isDefined = false;
     for (int i = 0; i < ids.Count(); ++i) {
         if (!flat.HasKey(ids[i])) continue;
         const inp_Element& element = flat.ConstGet(ids[i]);
         target.Insert(ids[i], element);
-        for (int n = 0; n < element.numNodes; ++n) {
-            const int node = element.nodes[n];
-            if (node == 0 || nodes.HasId(node)) continue;
-            nodes.Insert(node, flatNodes && flatNodes->HasId(node) ? flatNodes->ConstGet(node) : undefined);
-        }
+        CopyNodesOf(element, nodes, flatNodes);
     }
     for (int i = 0; i < ids.Count(); ++i) flat.Remove(ids[i]);
 }

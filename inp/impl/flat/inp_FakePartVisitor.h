@@ -200,6 +200,7 @@ protected:
     const omi_IntTable<inp_Element>& FlatElementTable() const;
     // MoveElements of every flat element to a part without elements: the table itself.
     bool HandOverWholeTable(const cow_String& part, const cow_1DArrayList<int>& ids);
+    static void CopyNodesOf(const inp_Element& element, inp_CoordMap& nodes, const inp_CoordMap* flatNodes);
     omi_IntTable<inp_Element>& WritableFlatElements();
     const inp_CoordMap* FlatNodes() const;
     const inpM_BaseSetMap& FlatElementSets() const;
