@@ -3,6 +3,7 @@
 
 #include "atr_Number.h"
 
+#include <atomic>
 #include <cctype>
 #include <cstdlib>
 #include <cstring>
@@ -73,6 +74,21 @@ int BlockLength(const char* block, int items) {
     return static_cast<int>(p - block);
 }
 
+unsigned long long NextStamp() {
+    static std::atomic<unsigned long long> stamps{0};
+    return stamps.fetch_add(1, std::memory_order_relaxed) + 1;
+}
+
+// The last item this thread found: in which array (and version of it), where.
+struct FoundItem {
+    const void* array = nullptr;
+    unsigned long long stamp = 0;
+    int line = -1;
+    int item = 0;
+    char* text = nullptr;
+};
+thread_local FoundItem t_found;
+
 }  // namespace
 
 cow_String StripBlanks(const char* text) {
@@ -99,7 +115,7 @@ void inp_DataArrayImpl::PrintLine(int line, aio_ostream& out) const {
 }
 
 inp_RawDataArrayImpl::inp_RawDataArrayImpl()
-    : nrows(0), allocatedSize(kInitialRows), rows(nullptr), ncols(nullptr) {
+    : nrows(0), allocatedSize(kInitialRows), rows(nullptr), ncols(nullptr), m_stamp(NextStamp()) {
     rows = static_cast<char**>(std::malloc(sizeof(char*) * kInitialRows));
     ncols = static_cast<int*>(std::malloc(sizeof(int) * kInitialRows));
     if (!rows || !ncols) {
@@ -111,7 +127,12 @@ inp_RawDataArrayImpl::inp_RawDataArrayImpl()
 
 // The copy is sized to the lines in use: a cloned array is seldom appended to.
 inp_RawDataArrayImpl::inp_RawDataArrayImpl(const inp_RawDataArrayImpl& other)
-    : inp_DataArrayImpl(), nrows(0), allocatedSize(other.nrows), rows(nullptr), ncols(nullptr) {
+    : inp_DataArrayImpl(),
+      nrows(0),
+      allocatedSize(other.nrows),
+      rows(nullptr),
+      ncols(nullptr),
+      m_stamp(NextStamp()) {
     size_t n = static_cast<size_t>(other.nrows);
     if (n > 0) {
         rows = static_cast<char**>(std::malloc(sizeof(char*) * n));
@@ -148,8 +169,19 @@ inp_RawDataArrayImpl::~inp_RawDataArrayImpl() {
 char* inp_RawDataArrayImpl::Item(int i, int j) const {
     NEX_ASSERT(i >= 0 && i < nrows);
     NEX_ASSERT(j >= 0 && j < ncols[i]);
+    FoundItem& found = t_found;
     char* p = rows[i];
-    for (int k = 0; k < j; ++k) p += std::strlen(p) + 1;
+    int k = 0;
+    if (found.array == this && found.stamp == m_stamp && found.line == i && found.item <= j) {
+        p = found.text;
+        k = found.item;
+    }
+    for (; k < j; ++k) p += std::strlen(p) + 1;
+    found.array = this;
+    found.stamp = m_stamp;
+    found.line = i;
+    found.item = j;
+    found.text = p;
     return p;
 }
 
@@ -292,6 +324,7 @@ void inp_RawDataArrayImpl::Set(int i, int j, const cow_String& text) {
     std::free(rows[i]);
     rows[i] = nullptr;
     ncols[i] = 0;
+    m_stamp = NextStamp();
     StoreLine(i, line.c_str(), line.Length());
 }
 
@@ -383,6 +416,7 @@ void inp_RawDataArrayImpl::RemoveLinesFrom(int line) {
     if (line < 0) line = 0;
     for (int k = line; k < nrows; ++k) std::free(rows[k]);
     if (line < nrows) nrows = line;
+    m_stamp = NextStamp();
 }
 
 inp_DataArrayImpl* inp_RawDataArrayImpl::Clone() const { return new inp_RawDataArrayImpl(*this); }

@@ -52,7 +52,9 @@ public:
 
 // Lines as raw text. Each line is one heap block holding the text with every separating
 // comma turned into a NUL, so item j starts behind the j-th NUL and nothing is stored
-// per item. Typing repeats at every read; nothing is cached.
+// per item. Typing repeats at every read. Finding an item walks the NULs before it; each
+// thread remembers the last item it found, so that a reader going along a line, or
+// asking several questions of one item, walks every line once.
 class inp_RawDataArrayImpl : public inp_DataArrayImpl {
 public:
     inp_RawDataArrayImpl();
@@ -106,6 +108,9 @@ private:
 
     // Checks both indices and finds the item.
     char* Item(int i, int j) const;
+    // Tells the threads' remembered items apart: new for every array and every change
+    // that frees a line block.
+    unsigned long long m_stamp;
     // Copies a text into a new block for line i and cuts it into items.
     void StoreLine(int i, const char* text, int length);
 };

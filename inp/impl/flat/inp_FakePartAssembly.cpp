@@ -301,7 +301,31 @@ void inp_FakePartVisitor::AssignElements(const cow_1DArrayList<int>& plain, cons
         }
     }
     const cow_List<cow_String> parts = inpM_Utils::SortedKeys(assignment);
+    m_meshOnly = parts.Count() == 1 && connecting.IsEmpty();
     for (int p = 0; p < parts.Count(); ++p) MoveElements(parts[p], assignment.ConstGet(parts[p]));
+    m_meshOnly = false;
+}
+
+bool inp_FakePartVisitor::MeshTakesAllNodes() const {
+    const cow_String part1(kPart1);
+    const inp_CoordMap* flat = FlatNodes();
+    if (!m_meshOnly || !flat) return false;
+    cow_ConstMapIterator<cow_String, cow_1DArrayList<int>> refs(partRefNodes);
+    for (refs.First(); !refs.IsDone(); refs.Next())
+        if (!(refs.CurrentKey() == part1) && !refs.CurrentValue().IsEmpty()) return false;
+    const cow_List<cow_String> holders = partCoordinates.InstanceNames();
+    for (int h = 0; h < holders.Count(); ++h) {
+        const inp_CoordMap& nodes = partCoordinates.instances.ConstGet(holders[h]).ConstGet();
+        if (!(holders[h] == part1)) {
+            if (nodes.Count() > 0) return false;
+            continue;
+        }
+        // PART-1's reference nodes came from the flat model; one that did not would be lost.
+        omi_IntTableIterator<inp_Coord> it(nodes.coords.ConstGet());
+        for (it.First(); !it.IsDone(); it.Next())
+            if (!flat->HasId(it.CurrentKey())) return false;
+    }
+    return true;
 }
 
 // The usual flat deck is one mesh that goes whole to one part. Its table is then handed
@@ -319,8 +343,9 @@ bool inp_FakePartVisitor::HandOverWholeTable(const cow_String& part, const cow_1
     partElements.GetMap(part).item = flatElements.GetMap(fake).item;
     flatElements.GetMap(fake).item = new omi_IntTable<inp_Element>();
 
-    inp_CoordMap& nodes = PartNodes(part);
     const inp_CoordMap* flatNodes = FlatNodes();
+    if (part == cow_String(kPart1) && MeshTakesAllNodes()) PartNodes(part).coords = flatNodes->coords;
+    inp_CoordMap& nodes = PartNodes(part);
     omi_IntTableIterator<inp_Element> it(partElements.ConstGet(part));
     for (it.First(); !it.IsDone(); it.Next()) CopyNodesOf(it.CurrentValue(), nodes, flatNodes);
     return true;

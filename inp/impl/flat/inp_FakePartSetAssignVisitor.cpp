@@ -1,7 +1,12 @@
 #include "inp_FakePartSetAssignVisitor.h"
 
 #include <cstdlib>
+#include <cstring>
 #include <initializer_list>
+#include <string>
+#include <vector>
+
+#include "atr_Number.h"
 
 #include "inpM_Utils.h"
 #include "inp_Types.h"
@@ -342,30 +347,36 @@ inp_Keyword inp_FakePartSetAssignVisitor::MakeSetKeyword(inp_SetType kind, const
     keyword.parameters.Insert(cow_String(element ? "elset" : "nset"), inp_Item(name));
     if (unsorted && !element) keyword.parameters.Insert(cow_String("unsorted"), inp_Item());
 
-    const bool scoped = cow_String(level) == "assembly";
+    const bool scoped = std::strcmp(level, "assembly") == 0;
     const cow_List<cow_String> parts = scoped ? HolderNames(kind) : cow_List<cow_String>();
     const inpM_IdMap& inherited = element ? inheritedElementIds : inheritedNodeIds;
     const cow_List<cow_String> instances = scoped ? inherited.Instances() : cow_List<cow_String>();
+    // The scope written in front of a member, by HolderIndex.
+    std::vector<std::string> prefixes;
+    for (int p = 0; p < parts.Count(); ++p) prefixes.push_back(std::string(parts.ConstGet(p).c_str()) + "-1.");
+    for (int i = 0; i < instances.Count(); ++i) prefixes.push_back(std::string(instances.ConstGet(i).c_str()) + ".");
 
-    cow_String line;
+    std::string line;
     int onLine = 0;
     auto flush = [&]() {
-        line.Erase(line.Length() - 1, 1);  // the last comma
+        line.pop_back();  // the last comma
         keyword.data.Append(line.c_str());
-        line = cow_String();
+        line.clear();
         onLine = 0;
     };
+    char number[atr_kNumberChars];
     for (int i = 0; i < members.Count(); ++i) {
         const int id = members.ConstGet(i);
-        cow_String member;
-        if (scoped) {
-            const cow_String instance = InstanceOfId(kind, id, parts, instances);
-            if (!instance.IsEmpty()) member.append(instance).append(".");
-        }
-        member.append(cow_String(id)).append(",");
+        const int holder = scoped ? HolderIndex(kind, id, parts, instances) : -1;
+        const std::string* prefix = holder >= 0 ? &prefixes[static_cast<size_t>(holder)] : nullptr;
+        const int digits = atr_WriteInt(id, number);
+        const int length = (prefix ? static_cast<int>(prefix->size()) : 0) + digits + 1;
         // A member that fits on no line still gets one of its own.
-        if (onLine == kMembersPerLine || (onLine > 0 && line.Length() + member.Length() - 1 >= kLineLimit)) flush();
-        line.append(member);
+        if (onLine == kMembersPerLine || (onLine > 0 && static_cast<int>(line.size()) + length - 1 >= kLineLimit))
+            flush();
+        if (prefix) line += *prefix;
+        line.append(number, static_cast<size_t>(digits));
+        line += ',';
         ++onLine;
     }
     if (onLine > 0) flush();
@@ -374,17 +385,22 @@ inp_Keyword inp_FakePartSetAssignVisitor::MakeSetKeyword(inp_SetType kind, const
 
 cow_String inp_FakePartSetAssignVisitor::InstanceOfId(inp_SetType kind, int id) const {
     const inpM_IdMap& inherited = IsElementKind(kind) ? inheritedElementIds : inheritedNodeIds;
-    return InstanceOfId(kind, id, HolderNames(kind), inherited.Instances());
+    const cow_List<cow_String> parts = HolderNames(kind);
+    const cow_List<cow_String> instances = inherited.Instances();
+    const int holder = HolderIndex(kind, id, parts, instances);
+    if (holder < 0) return cow_String();
+    if (holder < parts.Count()) return parts.ConstGet(holder) + "-1";
+    return instances.ConstGet(holder - parts.Count());
 }
 
-cow_String inp_FakePartSetAssignVisitor::InstanceOfId(int kind, int id, const cow_List<cow_String>& parts,
-                                                      const cow_List<cow_String>& inheritedInstances) const {
+int inp_FakePartSetAssignVisitor::HolderIndex(int kind, int id, const cow_List<cow_String>& parts,
+                                              const cow_List<cow_String>& inheritedInstances) const {
     for (int p = 0; p < parts.Count(); ++p)
-        if (Holds(kind, parts.ConstGet(p), id)) return parts.ConstGet(p) + "-1";
+        if (Holds(kind, parts.ConstGet(p), id)) return p;
     const inpM_IdMap& inherited = IsElementKind(kind) ? inheritedElementIds : inheritedNodeIds;
     for (int i = 0; i < inheritedInstances.Count(); ++i)
-        if (inherited.ConstGet(inheritedInstances.ConstGet(i)).HasId(id)) return inheritedInstances.ConstGet(i);
-    return cow_String();
+        if (inherited.ConstGet(inheritedInstances.ConstGet(i)).HasId(id)) return parts.Count() + i;
+    return -1;
 }
 
 void inp_FakePartSetAssignVisitor::MoveNsetsWithElset(cow_1DArrayList<inp_Keyword>& keywords) {

@@ -115,9 +115,10 @@ private:
     // The parts that may hold ids of the kind, in ascending order of names.
     cow_List<cow_String> HolderNames(int kind) const;
     bool Holds(int kind, const cow_String& part, int id) const;
-    // InstanceOfId with the names looked up once for a whole set.
-    cow_String InstanceOfId(int kind, int id, const cow_List<cow_String>& parts,
-                            const cow_List<cow_String>& inheritedInstances) const;
+    // Which instance holds the id, with the names looked up once for a whole set: p for
+    // the instance of parts[p], parts.Count() + i for inheritedInstances[i], -1 for none.
+    int HolderIndex(int kind, int id, const cow_List<cow_String>& parts,
+                    const cow_List<cow_String>& inheritedInstances) const;
     void ReportMisplaced(const cow_String& reference, const cow_String& part, bool isId,
                          const cow_List<cow_String>& holders);
 };

@@ -200,6 +200,11 @@ protected:
     const omi_IntTable<inp_Element>& FlatElementTable() const;
     // MoveElements of every flat element to a part without elements: the table itself.
     bool HandOverWholeTable(const cow_String& part, const cow_1DArrayList<int>& ids);
+    // Whether PART-1 is the one part that ends up with nodes: then it takes the flat
+    // node table whole, as it would take every node one by one.
+    bool MeshTakesAllNodes() const;
+    // Set by AssignElements for the moves it makes: no part but PART-1 gets elements.
+    bool m_meshOnly = false;
     static void CopyNodesOf(const inp_Element& element, inp_CoordMap& nodes, const inp_CoordMap* flatNodes);
     omi_IntTable<inp_Element>& WritableFlatElements();
     const inp_CoordMap* FlatNodes() const;

@@ -2,6 +2,7 @@
 
 #include <climits>
 #include <cstdlib>
+#include <cstring>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -67,6 +68,47 @@ public:
 
 private:
     std::vector<std::pair<cow_String, cow_1DArrayList<int>>> m_lists;
+};
+
+// An item of a set list that is already in its normal form (no blanks, no lower case,
+// no quotes) and is an id of at most nine digits, or such an id behind one scope name and
+// a period. Anything else is `kOther`, for the general reading.
+struct PlainItem {
+    enum Kind { kOther, kId, kScopedId };
+    Kind kind = kOther;
+    const char* text;
+    int scopeLength = 0;
+    int id = 0;
+
+    explicit PlainItem(const char* item) : text(item) {
+        const char* period = nullptr;
+        const char* p = item;
+        for (; *p; ++p) {
+            const char c = *p;
+            if (c == '.') {
+                if (period) return;
+                period = p;
+            } else if (!((c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_' || c == '-')) {
+                return;
+            }
+        }
+        const char* digits = period ? period + 1 : item;
+        const long length = p - digits;
+        if (length < 1 || length > 9) return;
+        int value = 0;
+        for (const char* d = digits; d < p; ++d) {
+            if (*d < '0' || *d > '9') return;
+            value = value * 10 + (*d - '0');
+        }
+        if (period) {
+            // The scope must be a name: `1.5` is a number, and `_X.5` or `-X.5` are left to
+            // the general reading.
+            if (period == item || !(item[0] >= 'A' && item[0] <= 'Z')) return;
+            scopeLength = static_cast<int>(period - item);
+        }
+        id = value;
+        kind = period ? kScopedId : kId;
+    }
 };
 
 // Lists of a keyword's lines hold at most 16 items; the cap keeps a huge array sane.
@@ -352,8 +394,31 @@ inpM_SetHandle inp_SetVisitor::ReadAssemblyItems(const inpM_SetMap& sets, const 
             ids.ClearAll();
         }
     };
+    // Most items are plain ids or `instance.id`, written in their normal form: those are
+    // read from the stored text, without a string per item.
+    inp_DataLineCursor cursor(data);
+    cow_String scope;
+    bool scopeIsValid = false;
     for (int line = 0; line < data.NumberOfLines(); ++line) {
-        for (int item = 0; item < data.NumberOfItems(line); ++item) {
+        const int items = cursor.SeekLine(line);
+        for (int item = 0; item < items; ++item) {
+            const PlainItem plain(cursor.NextItem());
+            if (plain.kind == PlainItem::kId) {
+                ids.Append(plain.id);
+                continue;
+            }
+            if (plain.kind == PlainItem::kScopedId) {
+                if (scope.Length() != plain.scopeLength ||
+                    std::memcmp(scope.c_str(), plain.text, static_cast<size_t>(plain.scopeLength)) != 0) {
+                    scope = cow_String(plain.text, plain.scopeLength);
+                    scopeIsValid = IsValidScope(scope);
+                }
+                if (scopeIsValid)
+                    scopedIds.Append(scope, plain.id);
+                else
+                    missing.Append(cow_String(plain.text));
+                continue;
+            }
             if (data.IsBlank(line, item)) continue;
             const cow_String text = data.AsString(line, item);
             const cow_List<cow_String> segments = inp_Utils::SplitScopedSet(text);
