@@ -9,10 +9,12 @@
 
 #include <cstring>
 #include <new>
+#include <type_traits>
 #include <utility>
 
 template <class T>
 class cow_1DArray {
+    static const std::size_t kClassBlockBytes = 4096;
     struct Block {
         int refs;
         T* data;
@@ -22,11 +24,15 @@ public:
     cow_1DArray() : m_slots(16), m_shift(4), m_end(0), m_head(0), m_tableRefs(nullptr), m_table(nullptr) {}
 
     // An array that is going to hold `n` elements: large enough blocks and enough slots
-    // that it never regrows.
+    // that it never regrows. A block of a class type is default-constructed whole at its
+    // first write, so its blocks stay near kClassBlockBytes however large `n` is: room
+    // for many keywords must not make thousands of them for the first one.
     explicit cow_1DArray(int n) : cow_1DArray() {
         if (n <= 0) return;
         int log2 = 31 - __builtin_clz(static_cast<unsigned>(n));
         if (log2 - 3 > 4) m_shift = log2 - 3;
+        if (!std::is_trivially_default_constructible<T>::value)
+            while (m_shift > 4 && (sizeof(T) << m_shift) > kClassBlockBytes) --m_shift;
         float f = static_cast<float>(n);
         unsigned bits;
         std::memcpy(&bits, &f, sizeof bits);

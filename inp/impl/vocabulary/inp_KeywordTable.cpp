@@ -86,23 +86,33 @@ cow_1DArrayList<int> inp_KeywordTable::SuboptionClosure(inp_KeywordEnm value) co
 }
 
 cow_1DArrayList<int> inp_KeywordTable::ModelLevelKeywords() const {
-    cow_1DArrayList<int> top = Suboptions(inp_kwModel);
-    top.RemoveMember(inp_kwAssembly);
-    top.RemoveMember(inp_kwPart);
-    cow_1DArrayList<int> out;
-    Close(top, out);
-    return out;
+    if (!m_levelsMade[0]) {
+        cow_1DArrayList<int> top = Suboptions(inp_kwModel);
+        top.RemoveMember(inp_kwAssembly);
+        top.RemoveMember(inp_kwPart);
+        Close(top, m_levels[0]);
+        m_levelsMade[0] = true;
+    }
+    return m_levels[0];
 }
 
 cow_1DArrayList<int> inp_KeywordTable::AssemblyLevelKeywords() const {
-    cow_1DArrayList<int> top = Suboptions(inp_kwAssembly);
-    top.RemoveMember(inp_kwInstance);
-    cow_1DArrayList<int> out;
-    Close(top, out);
-    return out;
+    if (!m_levelsMade[1]) {
+        cow_1DArrayList<int> top = Suboptions(inp_kwAssembly);
+        top.RemoveMember(inp_kwInstance);
+        Close(top, m_levels[1]);
+        m_levelsMade[1] = true;
+    }
+    return m_levels[1];
 }
 
-cow_1DArrayList<int> inp_KeywordTable::PartLevelKeywords() const { return SuboptionClosure(inp_kwPart); }
+cow_1DArrayList<int> inp_KeywordTable::PartLevelKeywords() const {
+    if (!m_levelsMade[2]) {
+        m_levels[2] = SuboptionClosure(inp_kwPart);
+        m_levelsMade[2] = true;
+    }
+    return m_levels[2];
+}
 
 // ---- the per-thread slot ----------------------------------------------------------
 

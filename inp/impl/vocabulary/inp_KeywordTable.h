@@ -41,6 +41,10 @@ private:
     cow_Map<int, cow_1DArrayList<int>> m_suboptions;
     cow_Map<cow_String, int> m_names;
     cow_Map<int, cow_String> m_values;
+    // The level closures, made at the first question: every flat deck asks for them,
+    // and the table, one per thread, never changes.
+    mutable cow_1DArrayList<int> m_levels[3];
+    mutable bool m_levelsMade[3] = {false, false, false};
 };
 
 // The table's own per-thread slot: made at the first use in the process under the
