@@ -85,33 +85,28 @@ cow_1DArrayList<int> inp_KeywordTable::SuboptionClosure(inp_KeywordEnm value) co
     return out;
 }
 
-cow_1DArrayList<int> inp_KeywordTable::ModelLevelKeywords() const {
-    if (!m_levelsMade[0]) {
-        cow_1DArrayList<int> top = Suboptions(inp_kwModel);
-        top.RemoveMember(inp_kwAssembly);
-        top.RemoveMember(inp_kwPart);
-        Close(top, m_levels[0]);
-        m_levelsMade[0] = true;
+cow_1DArrayList<int> inp_KeywordTable::LevelClosure(int level, inp_KeywordEnm top, inp_KeywordEnm skip,
+                                                   inp_KeywordEnm alsoSkip) const {
+    if (!m_levelsMade[level]) {
+        cow_1DArrayList<int> list = Suboptions(top);
+        list.RemoveMember(skip);
+        list.RemoveMember(alsoSkip);
+        Close(list, m_levels[level]);
+        m_levelsMade[level] = true;
     }
-    return m_levels[0];
+    return m_levels[level];
+}
+
+cow_1DArrayList<int> inp_KeywordTable::ModelLevelKeywords() const {
+    return LevelClosure(0, inp_kwModel, inp_kwAssembly, inp_kwPart);
 }
 
 cow_1DArrayList<int> inp_KeywordTable::AssemblyLevelKeywords() const {
-    if (!m_levelsMade[1]) {
-        cow_1DArrayList<int> top = Suboptions(inp_kwAssembly);
-        top.RemoveMember(inp_kwInstance);
-        Close(top, m_levels[1]);
-        m_levelsMade[1] = true;
-    }
-    return m_levels[1];
+    return LevelClosure(1, inp_kwAssembly, inp_kwInstance, inp_kwInstance);
 }
 
 cow_1DArrayList<int> inp_KeywordTable::PartLevelKeywords() const {
-    if (!m_levelsMade[2]) {
-        m_levels[2] = SuboptionClosure(inp_kwPart);
-        m_levelsMade[2] = true;
-    }
-    return m_levels[2];
+    return LevelClosure(2, inp_kwPart, static_cast<inp_KeywordEnm>(0), static_cast<inp_KeywordEnm>(0));
 }
 
 // ---- the per-thread slot ----------------------------------------------------------

@@ -37,6 +37,9 @@ public:
 
 private:
     void Close(const cow_1DArrayList<int>& list, cow_1DArrayList<int>& out) const;
+    // The closure of the top keyword's suboptions without the two skipped ones (0: none).
+    cow_1DArrayList<int> LevelClosure(int level, inp_KeywordEnm top, inp_KeywordEnm skip,
+                                      inp_KeywordEnm alsoSkip) const;
 
     cow_Map<int, cow_1DArrayList<int>> m_suboptions;
     cow_Map<cow_String, int> m_names;
