@@ -100,6 +100,14 @@ cow_String StripBlanks(const cow_String& text) { return StripBlanksOf(text.c_str
 
 inp_DataArrayImpl::~inp_DataArrayImpl() = default;
 
+inp_DataArrayImpl::IntItem inp_DataArrayImpl::ReadInt(int line, int item, int& value) const {
+    if (!HasValue(line, item)) return kNoValue;
+    if (Type(line, item) != inp_Types::typeInt) return kNotInt;
+    if (TextLength(line, item) > 9) return kTooLong;
+    value = AsInt(line, item);
+    return kInt;
+}
+
 // A first item whose normal form starts with `**` (`* * X`) would read back as a
 // comment; it is written as it was given, which reads back to the same item.
 void inp_DataArrayImpl::PrintLine(int line, aio_ostream& out) const {
@@ -290,6 +298,22 @@ cow_String inp_RawDataArrayImpl::AsStringVerbatim(int line, int item) const {
 }
 
 int inp_DataArrayImpl::TextLength(int line, int item) const { return AsString(line, item).Length(); }
+
+inp_DataArrayImpl::IntItem inp_RawDataArrayImpl::ReadInt(int line, int item, int& value) const {
+    if (line < 0 || line >= nrows || item < 0 || item >= ncols[line]) return kNoValue;
+    const char* p = Item(line, item);
+    while (IsBlankChar(*p)) ++p;
+    const char* digits = p;
+    int number = 0;
+    while (*p >= '0' && *p <= '9' && p - digits < 10) number = number * 10 + (*p++ - '0');
+    const long length = p - digits;
+    while (IsBlankChar(*p)) ++p;
+    // Anything else (a sign, a blank between digits, a tenth digit) goes the long way.
+    if (*p != '\0' || length > 9) return inp_DataArrayImpl::ReadInt(line, item, value);
+    if (length == 0) return kNoValue;
+    value = number;
+    return kInt;
+}
 
 int inp_RawDataArrayImpl::TextLength(int line, int item) const {
     const char* p = Item(line, item);

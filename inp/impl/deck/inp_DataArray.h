@@ -38,6 +38,11 @@ public:
     virtual cow_String AsStringVerbatim(int line, int item) const = 0;
     // AsString(line, item).Length(), which an array may tell without making the string.
     virtual int TextLength(int line, int item) const;
+    // What an id or connectivity column asks of an item, in one question: no value
+    // (blank or absent), not an integer (by Type), an integer of more than nine digits
+    // (by TextLength), or an integer, whose AsInt goes to `value`.
+    enum IntItem { kNoValue, kNotInt, kTooLong, kInt };
+    virtual IntItem ReadInt(int line, int item, int& value) const;
     virtual void Set(int line, int item, const cow_String& text) = 0;
     virtual void Set(int line, int item, double value) = 0;
     virtual void Set(int line, int item, int value) = 0;
@@ -72,6 +77,8 @@ public:
     cow_String AsString(int line, int item) const override;
     cow_String AsStringVerbatim(int line, int item) const override;
     int TextLength(int line, int item) const override;
+    // Reads a plain item (blanks around decimal digits) in one pass over its text.
+    IntItem ReadInt(int line, int item, int& value) const override;
     // Rebuilds the whole line: the other items come back in their AsString form, and
     // positions between the old end and `item` are left empty.
     void Set(int line, int item, const cow_String& text) override;
@@ -136,6 +143,9 @@ public:
     cow_String AsString(int line, int item) const { return SharedGet().AsString(line, item); }
     cow_String AsStringVerbatim(int line, int item) const { return SharedGet().AsStringVerbatim(line, item); }
     int TextLength(int line, int item) const { return SharedGet().TextLength(line, item); }
+    inp_DataArrayImpl::IntItem ReadInt(int line, int item, int& value) const {
+        return SharedGet().ReadInt(line, item, value);
+    }
     void Set(int line, int item, const cow_String& text) { SharedGet().Set(line, item, text); }
     void Set(int line, int item, double value) { SharedGet().Set(line, item, value); }
     void Set(int line, int item, int value) { SharedGet().Set(line, item, value); }

@@ -191,14 +191,15 @@ void inp_ElementVisitor::VisitElement(inp_Keyword& keyword) {
                 nodes.push_back(data.AsInt(line, j));
                 continue;
             }
-            if (!data.HasValue(line, j)) continue;
+            int node = 0;
+            const inp_DataArrayImpl::IntItem read = data.ReadInt(line, j, node);
+            if (read == inp_DataArrayImpl::kNoValue) continue;
             const char* problem = nullptr;
-            if (data.Type(line, j) != inp_Types::typeInt) {
+            if (read == inp_DataArrayImpl::kNotInt) {
                 problem = "Non integer in element connectivity for element %1$s";
-            } else if (data.TextLength(line, j) > 9) {
+            } else if (read == inp_DataArrayImpl::kTooLong) {
                 problem = "Integer exceeds 9 digits in element connectivity for element %1$s.";
             } else {
-                const int node = data.AsInt(line, j);
                 if (node < 0 || (node == 0 && !zeroAllowed))
                     problem = "Integer in element connectivity for element %1$s is zero or negative.";
                 else
