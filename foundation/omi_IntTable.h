@@ -19,6 +19,7 @@
 #include <cstddef>
 #include <cstdlib>
 #include <memory>
+#include <utility>
 #include <vector>
 
 template <class T>
@@ -52,6 +53,12 @@ public:
     {
         return key < 0 ? negative_->Insert(Magnitude(key), value)
                        : positive_->Insert(static_cast<unsigned>(key), value);
+    }
+
+    bool Insert(int key, T&& value)
+    {
+        return key < 0 ? negative_->Insert(Magnitude(key), std::move(value))
+                       : positive_->Insert(static_cast<unsigned>(key), std::move(value));
     }
 
     // The key must be present: callers ask HasKey first.

@@ -18,6 +18,7 @@
 #include <cstddef>
 #include <cstdlib>
 #include <memory>
+#include <utility>
 #include <vector>
 
 template <class T>
@@ -84,20 +85,19 @@ public:
     // True for a new key; an existing key's value is overwritten.
     bool Insert(unsigned key, const T& value)
     {
-        const unsigned top = key >> shift_;
-        if (top >= slots_)
-            Grow(top);
-        omi_UintTableBlock<T>* block = blocks_[top].get();
-        if (block == nullptr) {
-            block = new omi_UintTableBlock<T>(chunkBits_, growStep_);
-            blocks_[top].reset(block);
-        }
         const unsigned index = key & mask_;
+        omi_UintTableBlock<T>* block = BlockOf(key);
         block->values.Set(index, value);
-        if (!block->used.SetBit(index))
-            return false;
-        ++count_;
-        return true;
+        return Mark(block, index);
+    }
+
+    // The same, moving the value in: a record that owns memory is not copied.
+    bool Insert(unsigned key, T&& value)
+    {
+        const unsigned index = key & mask_;
+        omi_UintTableBlock<T>* block = BlockOf(key);
+        block->values.Get(index) = std::move(value);
+        return Mark(block, index);
     }
 
     // The key must be present: callers ask HasKey first.
@@ -173,6 +173,28 @@ public:
     }
 
 private:
+    // The block of the key, made when absent.
+    omi_UintTableBlock<T>* BlockOf(unsigned key)
+    {
+        const unsigned top = key >> shift_;
+        if (top >= slots_)
+            Grow(top);
+        omi_UintTableBlock<T>* block = blocks_[top].get();
+        if (block == nullptr) {
+            block = new omi_UintTableBlock<T>(chunkBits_, growStep_);
+            blocks_[top].reset(block);
+        }
+        return block;
+    }
+
+    bool Mark(omi_UintTableBlock<T>* block, unsigned index)
+    {
+        if (!block->used.SetBit(index))
+            return false;
+        ++count_;
+        return true;
+    }
+
     static constexpr unsigned initialSlots = 2;
 
     void Grow(unsigned top)

@@ -198,9 +198,16 @@ void inp_FakePartVisitor::GetConvertedKeywords(cow_1DArrayList<inp_Keyword>& res
     // Elements of the mesh are PART-1's; elements that another part's nodes alone
     // carry, connectors and rigid elements are decided one by one.
     cow_1DArrayList<int> plain, other;
+    // Elements of one keyword share their type's text: its kind is worked out once.
+    const char* lastType = nullptr;
+    bool lastTypeIsOther = false;
     omi_IntTableIterator<inp_Element> it(FlatElementTable());
     for (it.First(); !it.IsDone(); it.Next()) {
         const inp_Element& element = it.CurrentValue();
+        if (element.type.c_str() != lastType) {
+            lastType = element.type.c_str();
+            lastTypeIsOther = IsConnectorType(element.type) || IsRigidType(element.type);
+        }
         bool held = false;
         for (int n = 0; n < element.numNodes && !held; ++n)
             held = IsRefNode(element.nodes[n]) && !HoldersOf(element.nodes[n]).IsEmpty();
@@ -213,7 +220,7 @@ void inp_FakePartVisitor::GetConvertedKeywords(cow_1DArrayList<inp_Keyword>& res
                 continue;
             }
         }
-        if (IsConnectorType(element.type) || IsRigidType(element.type)) {
+        if (lastTypeIsOther) {
             other.Append(it.CurrentKey());
             continue;
         }
