@@ -275,3 +275,63 @@ TEST(RawDataArray, TextLengthIsTheLengthOfTheComparedForm) {
         EXPECT_EQ(raw.TextLength(0, j), raw.AsString(0, j).Length()) << j;
     EXPECT_EQ(raw.TextLength(0, 1), 10);
 }
+
+// ReadInt answers in one pass what the four questions of a connectivity column answer
+// one by one; every kind of item must get the same answer both ways.
+TEST(RawDataArray, ReadIntAgreesWithTheFourQuestions) {
+    inp_DataArray data = ArrayOf({"12, 007 ,  ,, +5, -3, 1 2, 123456789, 1234567890, 1e5, a, \"1\", 12\r",
+                                  "999999999999999999999, 0, \t4\t, 5."});
+    for (int line = 0; line < data.NumberOfLines(); ++line) {
+        for (int item = 0; item <= data.NumberOfItems(line); ++item) {  // one past the end too
+            SCOPED_TRACE("line " + std::to_string(line) + " item " + std::to_string(item));
+            inp_DataArrayImpl::IntItem expected = inp_DataArrayImpl::kInt;
+            int expectedValue = -1;
+            if (!data.HasValue(line, item))
+                expected = inp_DataArrayImpl::kNoValue;
+            else if (data.Type(line, item) != inp_Types::typeInt)
+                expected = inp_DataArrayImpl::kNotInt;
+            else if (data.TextLength(line, item) > 9)
+                expected = inp_DataArrayImpl::kTooLong;
+            else
+                expectedValue = data.AsInt(line, item);
+            int value = -1;
+            EXPECT_EQ(data.ReadInt(line, item, value), expected);
+            if (expected == inp_DataArrayImpl::kInt) {
+                EXPECT_EQ(value, expectedValue);
+            }
+        }
+    }
+    int value = 0;
+    EXPECT_EQ(data.ReadInt(0, 1, value), inp_DataArrayImpl::kInt);
+    EXPECT_EQ(value, 7);
+    EXPECT_EQ(data.ReadInt(0, 8, value), inp_DataArrayImpl::kTooLong);
+    EXPECT_EQ(data.ReadInt(0, 6, value), inp_DataArrayImpl::kNotInt);  // `1 2` is a name
+}
+
+// Items are found from the last one found: reading back and forth, across lines and
+// arrays, and after a line was rebuilt or dropped, must still give each its own text.
+TEST(RawDataArray, ItemsReadInAnyOrderAfterChanges) {
+    inp_DataArray a = ArrayOf({"a1, a2, a3, a4", "b1, b2"});
+    inp_DataArray b = ArrayOf({"x1, x2, x3, x4"});
+    EXPECT_EQ(a.AsStringVerbatim(0, 3), "a4");
+    EXPECT_EQ(b.AsStringVerbatim(0, 2), "x3");
+    EXPECT_EQ(a.AsStringVerbatim(0, 2), "a3");
+    EXPECT_EQ(a.AsStringVerbatim(0, 0), "a1");
+    EXPECT_EQ(a.AsStringVerbatim(1, 1), "b2");
+    EXPECT_EQ(a.AsStringVerbatim(0, 1), "a2");
+
+    EXPECT_EQ(a.AsStringVerbatim(0, 2), "a3");
+    a.Set(0, 0, cow_String("a much longer first item"));  // every item of the line moves
+    EXPECT_EQ(a.AsStringVerbatim(0, 2), "A3");
+    EXPECT_EQ(a.AsStringVerbatim(0, 3), "A4");
+
+    EXPECT_EQ(a.AsStringVerbatim(1, 1), "b2");
+    static_cast<inp_RawDataArrayImpl&>(a.SharedGet()).RemoveLinesFrom(1);
+    a.Append("c1, c2");
+    EXPECT_EQ(a.AsStringVerbatim(1, 1), "c2");
+    EXPECT_EQ(a.AsStringVerbatim(1, 0), "c1");
+
+    inp_DataArray copy(a.Clone());
+    EXPECT_EQ(copy.AsStringVerbatim(1, 1), "c2");
+    EXPECT_EQ(a.AsStringVerbatim(1, 1), "c2");
+}

@@ -536,3 +536,20 @@ TEST(FakePartVisitor, ReferenceNodesThatCannotBeUsed) {
     EXPECT_TRUE(v.surfaces.IsMemberPartInstanceSurface(cow_String("PART-1"), cow_String(" <not named>")));
     EXPECT_EQ(v.partLists.ConstGet(cow_String("PART-1")).Count(), 2);
 }
+
+// The one mesh part takes the flat node table whole: nodes no element uses come along,
+// a node that an element names and the flat model lacks is added to the part alone,
+// marked undefined, and the flat model stays as it was.
+TEST(FakePartVisitor, TheOneMeshPartTakesEveryNode) {
+    TempDir dir;
+    FlatDeck flat(dir,
+                  "*NODE\n1, 0., 0., 0.\n2, 1., 0., 0.\n3, 1., 1., 0.\n4, 0., 1., 0.\n5, 7., 8., 9.\n"
+                  "*ELEMENT, TYPE=S4R, ELSET=PLATE\n1, 1, 2, 3, 9\n2, 1, 2, 3, 4\n");
+    auto v = flat.Convert();
+    EXPECT_EQ(NodeIds(v->partCoordinates, "PART-1"), (std::vector<int>{1, 2, 3, 4, 5, 9}));
+    const inp_CoordMap& part = v->partCoordinates.instances.ConstGet(cow_String("PART-1")).ConstGet();
+    EXPECT_FALSE(part.ConstGet(9).isDefined);
+    EXPECT_TRUE(part.ConstGet(5).isDefined);
+    EXPECT_DOUBLE_EQ(part.ConstGet(5).z, 9.);
+    EXPECT_EQ(NodeIds(flat.nodes->coordMap, "FAKE"), (std::vector<int>{1, 2, 3, 4, 5}));
+}

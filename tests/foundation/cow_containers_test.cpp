@@ -300,3 +300,35 @@ TEST(Btree, KeyOrderAndUniqueness) {
     for (it.First(); !it.IsDone(); it.Next()) keys.push_back(it.CurrentKey().c_str());
     EXPECT_EQ(keys, (std::vector<std::string>{"element", "node"}));
 }
+
+namespace {
+
+// A record of 64 bytes that counts how many of it were ever made.
+struct Counted {
+    static int made;
+    Counted() { ++made; }
+    Counted(const Counted&) { ++made; }
+    Counted& operator=(const Counted&) = default;
+    char bytes[64] = {};
+};
+int Counted::made = 0;
+
+}  // namespace
+
+// Room for many class-typed elements must not make them all at the first append: a
+// block is made whole, so its blocks are kept to a few kilobytes. Plain values keep
+// their large blocks, and both kinds hold what they are given.
+TEST(Lists, RoomForManyRecordsMakesSmallBlocks) {
+    Counted::made = 0;
+    cow_1DArrayList<Counted> records(16384);
+    records.Append(Counted());
+    EXPECT_LE(Counted::made, 4096 / 64 + 2);
+    for (int i = 1; i < 20000; ++i) records.Append(Counted());
+    EXPECT_EQ(records.Count(), 20000);
+
+    cow_1DArrayList<int> ints(16384);
+    for (int i = 0; i < 20000; ++i) ints.Append(i);
+    EXPECT_EQ(ints.Count(), 20000);
+    EXPECT_EQ(ints.ConstGet(19999), 19999);
+    EXPECT_EQ(ints.ConstGet(8191), 8191);
+}

@@ -312,3 +312,21 @@ TEST(SetVisitor, AnInstancePlacesItsPartsNodesAndTakesItsNodeSets) {
               (std::vector<std::string>{
                   "The points defining the axis of rotation are coincident or almost coincident."}));
 }
+
+// Plain items are read from the stored text and the rest the general way: both must
+// give the same members, whatever the case, blanks and order of scopes.
+TEST(SetVisitor, ScopedIdsInEveryWritingGiveTheSameMembers) {
+    inp_AssemblyNodeVisitor v(inpM_ElementMap(), inpM_SetMap(), inp_CoordMap(), inpM_SetMap(), false, false);
+    v.instanceNames.Append(cow_String("I1"));
+    v.instanceNames.Append(cow_String("I-2"));
+    inp_Keyword k = MakeWithData(inp_kwNset, {{"nset", "N"}},
+                                 {"I1.1, I-2.2, I1.3, i1.4, I1 . 5, \"I1\".6, 0007", "I-2.8, X.9, 1.5, I1.1234567890"});
+    v.VisitNset(k);
+    const inpM_BaseSet& set = v.setMap.ConstGetSet(cow_String("N"));
+    EXPECT_EQ(Vec(set.ConstGetTopLevelIds()), (Ids{7}));
+    // Ten digits are past the plain reading; the general one takes them as they stand.
+    EXPECT_EQ(Vec(set.ConstGetSecondLevelIds(cow_String("I1"))), (Ids{1, 3, 4, 5, 1234567890}));
+    EXPECT_EQ(Vec(set.ConstGetSecondLevelIds(cow_String("I-2"))), (Ids{2, 8}));
+    EXPECT_EQ(ToVector(v.errors),
+              (std::vector<std::string>{In("NSET", "The following sets/ids do not exist:\n\"I1\".6, X.9, 1.5")}));
+}
