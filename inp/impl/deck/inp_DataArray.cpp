@@ -305,11 +305,11 @@ inp_DataArrayImpl::IntItem inp_RawDataArrayImpl::ReadInt(int line, int item, int
     while (IsBlankChar(*p)) ++p;
     const char* digits = p;
     int number = 0;
-    while (*p >= '0' && *p <= '9' && p - digits < 10) number = number * 10 + (*p++ - '0');
+    while (*p >= '0' && *p <= '9' && p - digits < 9) number = number * 10 + (*p++ - '0');
     const long length = p - digits;
     while (IsBlankChar(*p)) ++p;
     // Anything else (a sign, a blank between digits, a tenth digit) goes the long way.
-    if (*p != '\0' || length > 9) return inp_DataArrayImpl::ReadInt(line, item, value);
+    if (*p != '\0') return inp_DataArrayImpl::ReadInt(line, item, value);
     if (length == 0) return kNoValue;
     value = number;
     return kInt;
