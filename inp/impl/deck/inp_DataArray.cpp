@@ -10,6 +10,7 @@
 
 #include "aio_ostream.h"
 #include "inp_Exceptions.h"
+#include "mem_BlockHeap.h"
 #include "nex_Exception.h"
 
 namespace {
@@ -153,9 +154,9 @@ inp_RawDataArrayImpl::inp_RawDataArrayImpl(const inp_RawDataArrayImpl& other)
     }
     for (int i = 0; i < other.nrows; ++i) {
         int length = BlockLength(other.rows[i], other.ncols[i]);
-        char* block = static_cast<char*>(std::malloc(static_cast<size_t>(length)));
+        char* block = static_cast<char*>(mem_BlockMalloc(static_cast<size_t>(length)));
         if (!block) {
-            for (int k = 0; k < nrows; ++k) std::free(rows[k]);
+            for (int k = 0; k < nrows; ++k) mem_BlockFree(rows[k]);
             std::free(rows);
             std::free(ncols);
             inp_MemoryException().Throw(__FILE__, __LINE__);
@@ -168,7 +169,7 @@ inp_RawDataArrayImpl::inp_RawDataArrayImpl(const inp_RawDataArrayImpl& other)
 }
 
 inp_RawDataArrayImpl::~inp_RawDataArrayImpl() {
-    for (int i = 0; i < nrows; ++i) std::free(rows[i]);
+    for (int i = 0; i < nrows; ++i) mem_BlockFree(rows[i]);
     std::free(rows);
     std::free(ncols);
 }
@@ -194,7 +195,7 @@ char* inp_RawDataArrayImpl::Item(int i, int j) const {
 }
 
 void inp_RawDataArrayImpl::StoreLine(int i, const char* text, int length) {
-    char* block = static_cast<char*>(std::malloc(static_cast<size_t>(length) + 1));
+    char* block = static_cast<char*>(mem_BlockMalloc(static_cast<size_t>(length) + 1));
     if (!block) inp_MemoryException().Throw(__FILE__, __LINE__);
     std::memcpy(block, text, static_cast<size_t>(length));
     block[length] = '\0';
@@ -345,7 +346,7 @@ void inp_RawDataArrayImpl::Set(int i, int j, const cow_String& text) {
         else if (k < ncols[i])
             line.append(AsString(i, k));
     }
-    std::free(rows[i]);
+    mem_BlockFree(rows[i]);
     rows[i] = nullptr;
     ncols[i] = 0;
     m_stamp = NextStamp();
@@ -438,7 +439,7 @@ void inp_RawDataArrayImpl::PrintLine(int line, aio_ostream& out) const {
 
 void inp_RawDataArrayImpl::RemoveLinesFrom(int line) {
     if (line < 0) line = 0;
-    for (int k = line; k < nrows; ++k) std::free(rows[k]);
+    for (int k = line; k < nrows; ++k) mem_BlockFree(rows[k]);
     if (line < nrows) nrows = line;
     m_stamp = NextStamp();
 }

@@ -1,10 +1,11 @@
 #include "inp_Element.h"
 
 #include <algorithm>
-#include <new>
+#include <cstddef>
 #include <utility>
 
 #include "inp_Exceptions.h"
+#include "mem_BlockHeap.h"
 
 namespace {
 
@@ -12,7 +13,7 @@ namespace {
 // own memory error, which the parser counts rather than dies of.
 int* AllocateNodes(int count, int line) {
     if (count <= 0) return nullptr;
-    int* nodes = new (std::nothrow) int[static_cast<std::size_t>(count)];
+    int* nodes = static_cast<int*>(mem_BlockMalloc(sizeof(int) * static_cast<std::size_t>(count)));
     if (!nodes) inp_MemoryException().Throw("inp_Element", line);
     return nodes;
 }
@@ -69,7 +70,7 @@ inp_Element& inp_Element::operator=(const inp_Element& other) {
     if (this == &other) return *this;
     if (numNodes != other.numNodes) {
         int* fresh = AllocateNodes(other.numNodes, __LINE__);
-        delete[] nodes;
+        mem_BlockFree(nodes);
         nodes = fresh;
         numNodes = other.numNodes;
     }
@@ -83,7 +84,7 @@ inp_Element& inp_Element::operator=(const inp_Element& other) {
 
 inp_Element& inp_Element::operator=(inp_Element&& other) noexcept {
     if (this == &other) return *this;
-    delete[] nodes;
+    mem_BlockFree(nodes);
     type = std::move(other.type);
     nodes = other.nodes;
     numNodes = other.numNodes;
@@ -95,4 +96,4 @@ inp_Element& inp_Element::operator=(inp_Element&& other) noexcept {
     return *this;
 }
 
-inp_Element::~inp_Element() { delete[] nodes; }
+inp_Element::~inp_Element() { mem_BlockFree(nodes); }

@@ -8,6 +8,7 @@
 #include "aio_ostream.h"
 #include "atr_Number.h"
 #include "inp_Exceptions.h"
+#include "mem_BlockHeap.h"
 #include "nex_Exception.h"
 
 namespace {
@@ -110,7 +111,7 @@ void inp_ElementDataArrayImpl::AllocateArrays(int size) {
 // Lines are made in order, so nrows counts exactly the lines that Release must free.
 int* inp_ElementDataArrayImpl::NewLine(int i, int items) {
     size_t slots = static_cast<size_t>(items > 0 ? items : 1);
-    int* values = static_cast<int*>(std::malloc(sizeof(int) * slots));
+    int* values = static_cast<int*>(mem_BlockMalloc(sizeof(int) * slots));
     if (!values) inp_MemoryException().Throw(__FILE__, __LINE__);
     rows[i] = values;
     ncols[i] = items;
@@ -119,7 +120,7 @@ int* inp_ElementDataArrayImpl::NewLine(int i, int items) {
 }
 
 void inp_ElementDataArrayImpl::Release() {
-    for (int i = 0; i < nrows; ++i) std::free(rows[i]);
+    for (int i = 0; i < nrows; ++i) mem_BlockFree(rows[i]);
     std::free(rows);
     std::free(ncols);
     rows = nullptr;

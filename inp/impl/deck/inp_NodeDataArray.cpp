@@ -9,6 +9,7 @@
 #include "atr_Number.h"
 #include "inpM_OmiSet.h"
 #include "inp_Exceptions.h"
+#include "mem_BlockHeap.h"
 #include "nex_Exception.h"
 
 namespace {
@@ -154,14 +155,14 @@ void inp_NodeDataArrayImpl::AllocateArrays(int size) {
 }
 
 double* inp_NodeDataArrayImpl::NewBlock(int i) {
-    double* block = static_cast<double*>(std::calloc(kValues, sizeof(double)));
+    double* block = static_cast<double*>(mem_BlockCalloc(sizeof(double) * kValues));
     if (!block) inp_MemoryException().Throw(__FILE__, __LINE__);
     coords[i] = block;
     return block;
 }
 
 void inp_NodeDataArrayImpl::Release() {
-    for (int i = 0; i < allocatedSize; ++i) std::free(coords[i]);
+    for (int i = 0; i < allocatedSize; ++i) mem_BlockFree(coords[i]);
     std::free(coords);
     std::free(labels);
     coords = nullptr;
