@@ -3,6 +3,7 @@
 #include "inpM_InstanceMap.h"
 
 #include <memory>
+#include <utility>
 
 #include "inpM_OmiSet.h"
 #include "inp_ElementUndefinedNodesError.h"
@@ -28,8 +29,14 @@ inpM_IdMap inpM_InstanceMap<ElementTable>::Renumber(int start, bool keep) {
         for (it.First(); !it.IsDone(); it.Next()) ids.Insert(it.CurrentKey(), it.CurrentKey());
     } else {
         std::unique_ptr<ElementTable> renumbered(new ElementTable());
+        // A table that no other map shares is replaced below: its elements can move
+        // into the new one instead of being copied, node list and all.
+        ElementTable* owned = item.HasValue() && item.ShareCount() == 1 ? &item.Get() : nullptr;
         for (it.First(); !it.IsDone(); it.Next()) {
-            renumbered->Insert(next, it.CurrentValue());
+            if (owned)
+                renumbered->Insert(next, std::move(owned->Get(it.CurrentKey())));
+            else
+                renumbered->Insert(next, it.CurrentValue());
             ids.Insert(it.CurrentKey(), next);
             ++next;
         }
