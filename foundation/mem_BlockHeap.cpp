@@ -32,8 +32,37 @@ namespace {
 const unsigned kChunkBits = 21;  // 2 MB: the size of a huge page
 const std::size_t kChunkBytes = std::size_t(1) << kChunkBits;
 const std::uint32_t kChunkCount = 32768;  // 64 GB of addresses, committed only where touched
-const int kStep = 8;                      // block sizes, and the alignment of every block
-const int kClasses = static_cast<int>(kLargestBlock) / kStep;
+// Block sizes: steps of 8 bytes for the text of lines and the values of a record,
+// wider steps above, up to the chunks of the id tables (1024 records of a few words).
+struct SizeRange {
+    std::size_t upTo;
+    std::size_t step;
+};
+const SizeRange kRanges[] = {{256, 8}, {1024, 64}, {4096, 256}, {kLargestBlock, 1024}};
+const int kClasses = 32 + 12 + 12 + 60;
+
+int ClassOf(std::size_t size) {
+    int first = 0;
+    std::size_t from = 0;
+    for (const SizeRange& r : kRanges) {
+        if (size <= r.upTo) return first + static_cast<int>((size > from ? size - from - 1 : 0) / r.step);
+        first += static_cast<int>((r.upTo - from) / r.step);
+        from = r.upTo;
+    }
+    return -1;
+}
+
+std::uint32_t ClassBytes(int k) {
+    std::size_t from = 0;
+    for (const SizeRange& r : kRanges) {
+        const int count = static_cast<int>((r.upTo - from) / r.step);
+        if (k < count) return static_cast<std::uint32_t>(from + static_cast<std::size_t>(k + 1) * r.step);
+        k -= count;
+        from = r.upTo;
+    }
+    return 0;
+}
+
 const std::uint32_t kNone = 0xffffffffu;
 // A chunk that keeps serving its size after its last block went keeps this much of
 // its pages; beyond it they go back to the system, as the pages of a deck that was
@@ -45,6 +74,7 @@ struct Chunk {
     std::uint32_t live;      // blocks in use
     std::uint32_t freeHead;  // offset + 1 of the first freed block, 0 when none
     std::int32_t size;       // bytes of each block, 0 when the chunk serves no size
+    std::int32_t sizeClass;
     std::uint32_t prev;      // list of the partly used chunks of its size, or of the empty chunks
     std::uint32_t next;
     bool partial;            // on its size's list of partly used chunks
@@ -129,7 +159,8 @@ struct Heap {
             ch.bump = 0;
             ch.live = 0;
             ch.freeHead = 0;
-            ch.size = (k + 1) * kStep;
+            ch.size = static_cast<std::int32_t>(ClassBytes(k));
+            ch.sizeClass = k;
             ch.partial = false;
             ch.prev = ch.next = kNone;
             MEM_POISON(Start(c), kChunkBytes);
@@ -144,10 +175,10 @@ struct Heap {
     }
 
     void* Allocate(std::size_t size) {
-        const int k = size == 0 ? 0 : static_cast<int>((size - 1) / kStep);
+        const int k = ClassOf(size);
+        const std::uint32_t blockBytes = ClassBytes(k);
         std::lock_guard<std::mutex> guard(lock);
         std::uint32_t c = current[k];
-        const std::uint32_t blockBytes = static_cast<std::uint32_t>((k + 1) * kStep);
         if (c == kNone || (chunks[c].freeHead == 0 && chunks[c].bump + blockBytes > kChunkBytes)) {
             c = NextChunk(k);
             if (c == kNone) return nullptr;
@@ -185,7 +216,7 @@ struct Heap {
         const std::uint32_t c = static_cast<std::uint32_t>((p - base) >> kChunkBits);
         std::lock_guard<std::mutex> guard(lock);
         Chunk& ch = chunks[c];
-        const int k = ch.size / kStep - 1;
+        const int k = ch.sizeClass;
         MEM_UNPOISON(p, sizeof ch.freeHead);
         std::memcpy(p, &ch.freeHead, sizeof ch.freeHead);
         MEM_POISON(p, static_cast<std::size_t>(ch.size));

@@ -1,11 +1,12 @@
 // The heap of the library's small blocks: the text of a data line, the packed values
-// of a node or an element line. A million-element deck makes millions of them, and
+// of a node or an element line, the chunks of the id tables. A million-element deck makes millions of them, and
 // the general allocator spends more time on them than the parser spends reading the
 // lines: it takes each from the top of its heap, with a header of its own, and the
 // kernel faults the heap in four kilobytes at a time.
 //
 // Here a block of up to kLargestBlock bytes comes from a chunk of 2 MB that holds
-// blocks of one size only (sizes step by 8 bytes), so a block needs no header, its
+// blocks of one size only (sizes step by 8 bytes up to 256, wider above, so that the
+// 1024-record chunks of the id tables fit exactly), so a block needs no header, its
 // size is known from the chunk it lies in, and an allocation is a bump of an offset
 // or the pop of the chunk's free list. Chunks are cut from one address range that is
 // reserved once and committed only as pages are touched; once a size has filled a
@@ -22,7 +23,7 @@
 
 #include <cstddef>
 
-const std::size_t kLargestBlock = 256;
+const std::size_t kLargestBlock = 65536;
 
 void* mem_BlockMalloc(std::size_t size);
 // As mem_BlockMalloc, with the block's bytes set to zero.

@@ -13,7 +13,10 @@
 #include <cassert>
 #include <cstddef>
 #include <memory>
+#include <new>
 #include <vector>
+
+#include "mem_BlockHeap.h"
 
 template <class T>
 class omi_BlockedArray {
@@ -34,11 +37,9 @@ public:
         chunks_.reserve(other.chunks_.size());
         for (const auto& chunk : other.chunks_) {
             if (chunk) {
-                T* copy = new T[ChunkSize()];
-                std::copy(chunk.get(), chunk.get() + ChunkSize(), copy);
-                chunks_.emplace_back(copy);
+                chunks_.emplace_back(NewChunk(chunk.get()), ChunkDeleter{ChunkSize()});
             } else {
-                chunks_.emplace_back();
+                chunks_.emplace_back(nullptr, ChunkDeleter{ChunkSize()});
             }
         }
     }
@@ -73,7 +74,7 @@ public:
     const T& ConstGet(unsigned index) const
     {
         assert(HasChunk(index));
-        return chunks_[index >> chunkShift_][index & chunkMask_];
+        return chunks_[index >> chunkShift_].get()[index & chunkMask_];
     }
 
     // The element, or null when its chunk was never written.
@@ -82,7 +83,7 @@ public:
         const unsigned chunk = index >> chunkShift_;
         if (chunk >= chunks_.size() || !chunks_[chunk])
             return nullptr;
-        return &chunks_[chunk][index & chunkMask_];
+        return &chunks_[chunk].get()[index & chunkMask_];
     }
 
     bool HasChunk(unsigned index) const { return Find(index) != nullptr; }
@@ -107,6 +108,43 @@ public:
     }
 
 private:
+    // Chunks live on the block heap, where chunks of one size pack into pages that
+    // the kernel can back with huge pages; the values are constructed in place.
+    struct ChunkDeleter {
+        unsigned count = 0;  // a null chunk never calls its deleter
+        void operator()(T* values) const
+        {
+            for (unsigned i = 0; i < count; ++i)
+                values[i].~T();
+            mem_BlockFree(values);
+        }
+    };
+    using ChunkPtr = std::unique_ptr<T, ChunkDeleter>;
+
+    // A chunk of value-initialised elements, or of copies of `from`.
+    T* NewChunk(const T* from)
+    {
+        const unsigned count = ChunkSize();
+        T* values = static_cast<T*>(mem_BlockMalloc(sizeof(T) * count));
+        if (!values)
+            throw std::bad_alloc();
+        unsigned made = 0;
+        try {
+            for (; made < count; ++made) {
+                if (from)
+                    new (values + made) T(from[made]);
+                else
+                    new (values + made) T();
+            }
+        } catch (...) {
+            while (made > 0)
+                values[--made].~T();
+            mem_BlockFree(values);
+            throw;
+        }
+        return values;
+    }
+
     T* MakeChunk(unsigned chunk)
     {
         if (chunk >= chunks_.size()) {
@@ -114,12 +152,13 @@ private:
             chunks_.reserve(slots);  // exact: vector growth alone would double
             chunks_.resize(slots);
         }
-        T* values = new T[ChunkSize()]();
-        chunks_[chunk].reset(values);
+        T* values = NewChunk(nullptr);
+        chunks_[chunk] = ChunkPtr(values, ChunkDeleter{ChunkSize()});
         return values;
     }
 
-    std::vector<std::unique_ptr<T[]>> chunks_;
+    static_assert(alignof(T) <= 8, "blocks of the block heap are aligned to 8 bytes");
+    std::vector<ChunkPtr> chunks_;
     unsigned chunkShift_;
     unsigned chunkMask_;
     unsigned growStep_;
