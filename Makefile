@@ -9,8 +9,9 @@ FUZZ_BUILD ?= build-fuzz
 FUZZ_SECONDS ?= 60
 FUZZ_JOBS  ?= 1
 BENCH_ARGS ?=
+PREFIX     ?= /usr/local
 
-.PHONY: all build run test asan bench fuzz clean
+.PHONY: all build run test asan bench fuzz install clean
 
 all: build
 
@@ -25,6 +26,11 @@ run: build
 
 test: build
 	cd $(BUILD) && ctest --output-on-failure -j $(JOBS)
+
+# The library, its headers under include/inp/, the CMake package, inp.pc and the driver.
+# DESTDIR=... stages the files below another root, as packagers do.
+install: build
+	cmake --install $(BUILD) --prefix $(PREFIX)
 
 asan:
 	cmake -S . -B $(ASAN_BUILD) $(CMAKE_GEN) -DCMAKE_BUILD_TYPE=Debug -DINP_SANITIZE=ON
