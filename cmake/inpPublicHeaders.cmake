@@ -23,6 +23,7 @@ set(INP_PUBLIC_HEADERS
   foundation/gsl_Util.h
   foundation/gsl_Vector.h
   foundation/nex_Exception.h
+  foundation/mem_BlockHeap.h
   foundation/omi_BlkBitVect.h
   foundation/omi_BlockedArray.h
   foundation/omi_IntTable.h
