@@ -19,6 +19,7 @@
 #include "inp.h"
 #include "omi_Timer.h"
 #include "inpdeck_Diagnostics.h"
+#include "inpdeck_Json.h"
 #include "inpdeck_Report.h"
 #include "inpdeck_Text.h"
 
@@ -50,6 +51,8 @@ const char kUsage[] =
     "                      them, one a line, each suboption two blanks further in\n"
     "  --max-messages N    show the first N messages (default 1000, 0: all), then one\n"
     "                      line with how many more there were\n"
+    "  --json FILE         write the model as JSON to FILE (\"-\": standard output); the\n"
+    "                      schema is docs/json-schema.md\n"
     "  --quiet             leave out the model report: only the messages and the\n"
     "                      summary line\n"
     "  keyword NAME        resolve a keyword name as a deck line would (any case, blanks\n"
@@ -126,6 +129,7 @@ struct Options {
     bool tree = false;
     bool simple = false;
     bool quiet = false;
+    const char* jsonTo = nullptr;
     int maxMessages = 1000;  // 0: all
 };
 
@@ -179,6 +183,24 @@ int PrintDeck(inp_Deck& model, const char* target) {
     return 0;
 }
 
+// One output of the driver, written by `write` to a file or, for "-", to standard
+// output; 2 when it cannot be written.
+template <class Write>
+int WriteOutput(const char* target, const char* what, Write&& write) {
+    const bool toStdout = !std::strcmp(target, "-");
+    std::FILE* f = toStdout ? stdout : std::fopen(target, "wb");
+    bool ok = f && write(f);
+    if (f && !toStdout) ok = std::fclose(f) == 0 && ok;
+    if (ok) return 0;
+    if (toStdout)
+        std::fprintf(stderr, "inpdeck: cannot write the %s to standard output\n", what);
+    else
+        std::fprintf(stderr, "inpdeck: cannot write \"%s\"\n", OneLine(target).c_str());
+    return 2;
+}
+
+bool IsStdout(const char* target) { return target && !std::strcmp(target, "-"); }
+
 int RunDeck(const Options& options) {
     if (const char* why = UnreadableBecause(options.deck)) {
         std::fprintf(stderr, "inpdeck: cannot read deck \"%s\": %s\n", OneLine(options.deck).c_str(), why);
@@ -218,11 +240,18 @@ int RunDeck(const Options& options) {
     diagnostics.maxMessages = options.maxMessages;
     int status = inpdeck::ReportMessages(OneLine(options.deck).c_str(), model, timer.GetElapsedTime(), diagnostics);
     if (options.tree) PrintTree(model.keywords, 0);
-    const bool stdoutTaken = options.tree || (options.printTo && !std::strcmp(options.printTo, "-"));
+    const bool stdoutTaken = options.tree || IsStdout(options.printTo) || IsStdout(options.jsonTo);
     if (!options.quiet && !stdoutTaken) inpdeck::PrintModelReport(stdout, model);
     if (options.printTo) {
         int printed = PrintDeck(model, options.printTo);
         if (printed) status = printed;
+    }
+    if (options.jsonTo) {
+        const std::string deckName = options.deck;
+        const int written = WriteOutput(options.jsonTo, "model", [&](std::FILE* f) {
+            return inpdeck::WriteModelJson(f, deckName.c_str(), model);
+        });
+        if (written) status = written;
     }
     return status;
 }
@@ -271,6 +300,9 @@ int Run(int argc, char** argv) {
                 const long n = std::strtol(value, &end, 10);
                 if (!*value || *end || n < 0 || n > 2147483647L) return UsageError("invalid message count: ", value);
                 options.maxMessages = static_cast<int>(n);
+            } else if (!std::strcmp(arg, "--json")) {
+                if (i + 1 >= argc) return UsageError("missing value after ", arg);
+                options.jsonTo = argv[++i];
             } else if (!std::strcmp(arg, "-p") || !std::strcmp(arg, "-I") || !std::strcmp(arg, "--stop-after")) {
                 if (i + 1 >= argc) return UsageError("missing value after ", arg);
                 const char* value = argv[++i];

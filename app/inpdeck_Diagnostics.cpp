@@ -1,6 +1,7 @@
 #include "inpdeck_Diagnostics.h"
 
 #include <cstdio>
+#include <cstring>
 
 #include "inp.h"
 #include "inpdeck_Report.h"
@@ -38,6 +39,22 @@ void ReportHidden(const wip_WIP& sink, int first) {
 }
 
 }  // namespace
+
+MessageLocation LocationOf(const char* text) {
+    MessageLocation at;
+    const char* file = std::strstr(text, "file \"");
+    if (!file) return at;
+    file += 6;
+    const char* end = std::strstr(file, "\", line ");
+    if (!end) return at;
+    const char* digits = end + 8;
+    int line = 0;
+    for (; *digits >= '0' && *digits <= '9' && line < 100000000; ++digits) line = line * 10 + (*digits - '0');
+    if (digits == end + 8 || line == 0) return at;
+    at.file.assign(file, end);
+    at.line = line;
+    return at;
+}
 
 int ReportMessages(const char* deck, const inp_Deck& model, double seconds, const DiagnosticsOptions& options) {
     const wip_WIP& sink = thr_ThreadSingleton<wip_WIP>::Instance();

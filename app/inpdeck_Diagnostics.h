@@ -3,9 +3,20 @@
 #ifndef INPDECK_DIAGNOSTICS_H
 #define INPDECK_DIAGNOSTICS_H
 
+#include <string>
+
 class inp_Deck;
 
 namespace inpdeck {
+
+// Where a message's text says it stands: `file "NAME", line N`, as the library writes
+// the place of a keyword ahead of its message. Empty file and line 0 when the text
+// names no file and line.
+struct MessageLocation {
+    std::string file;
+    int line = 0;
+};
+MessageLocation LocationOf(const char* text);
 
 struct DiagnosticsOptions {
     int maxMessages = 1000;  // 0: all

@@ -1,6 +1,7 @@
 #include "inpdeck_Report.h"
 
 #include <algorithm>
+#include <cmath>
 #include <string>
 #include <vector>
 
@@ -42,7 +43,13 @@ std::string Number(double v) {
     return text;
 }
 
-std::string Triple(const double v[3]) { return Number(v[0]) + " " + Number(v[1]) + " " + Number(v[2]); }
+// Round-off of the rotation (1e-16 where the deck wrote 0) is shown as 0.
+std::string Triple(const double v[3]) {
+    const double scale = std::max({1.0, std::fabs(v[0]), std::fabs(v[1]), std::fabs(v[2])});
+    std::string text;
+    for (int i = 0; i < 3; ++i) text += (i ? " " : "") + Number(std::fabs(v[i]) < 1e-12 * scale ? 0.0 : v[i]);
+    return text;
+}
 
 std::string ByType(const omi_IntTable<inp_Element>* elements) {
     std::string text;

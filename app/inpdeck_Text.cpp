@@ -2,10 +2,7 @@
 
 namespace inpdeck {
 
-namespace {
-
-// The length of the UTF-8 sequence at `p` when it is valid and encodes no control
-// character, else 0. The C1 controls (U+0080 to U+009F) are refused too: some
+// The C1 controls (U+0080 to U+009F) are refused too: some
 // terminals take U+009B as the start of a control sequence, as they take ESC [.
 int PrintableUtf8Length(const unsigned char* p) {
     if (p[0] < 0xC2 || p[0] > 0xF4) return 0;
@@ -18,8 +15,6 @@ int PrintableUtf8Length(const unsigned char* p) {
     if ((p[0] == 0xF0 && p[1] < 0x90) || (p[0] == 0xF4 && p[1] >= 0x90)) return 0;  // overlong, beyond U+10FFFF
     return n;
 }
-
-}  // namespace
 
 std::string OneLine(const char* text) {
     std::string out;

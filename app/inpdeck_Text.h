@@ -11,6 +11,10 @@ namespace inpdeck {
 // bytes, ESC among them, and bytes above 127 that are no valid UTF-8) becomes a '?'.
 std::string OneLine(const char* text);
 
+// The length of the UTF-8 sequence at `p` when it is valid and encodes no control
+// character, else 0.
+int PrintableUtf8Length(const unsigned char* p);
+
 }  // namespace inpdeck
 
 #endif
