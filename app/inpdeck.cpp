@@ -20,6 +20,7 @@
 #include "omi_Timer.h"
 #include "inpdeck_Diagnostics.h"
 #include "inpdeck_Json.h"
+#include "inpdeck_Vtk.h"
 #include "inpdeck_Report.h"
 #include "inpdeck_Text.h"
 
@@ -53,6 +54,9 @@ const char kUsage[] =
     "                      line with how many more there were\n"
     "  --json FILE         write the model as JSON to FILE (\"-\": standard output); the\n"
     "                      schema is docs/json-schema.md\n"
+    "  --vtk FILE          write the mesh as a VTK unstructured grid (.vtu) to FILE:\n"
+    "                      points in global axes, one cell per element with a VTK\n"
+    "                      shape, ids, instances, element types and sets as arrays\n"
     "  --quiet             leave out the model report: only the messages and the\n"
     "                      summary line\n"
     "  keyword NAME        resolve a keyword name as a deck line would (any case, blanks\n"
@@ -130,6 +134,7 @@ struct Options {
     bool simple = false;
     bool quiet = false;
     const char* jsonTo = nullptr;
+    const char* vtkTo = nullptr;
     int maxMessages = 1000;  // 0: all
 };
 
@@ -201,6 +206,23 @@ int WriteOutput(const char* target, const char* what, Write&& write) {
 
 bool IsStdout(const char* target) { return target && !std::strcmp(target, "-"); }
 
+// What the grid left out, in one warning.
+void WarnLeftOut(const char* target, const inpdeck::VtkLeftOut& leftOut) {
+    int count = leftOut.undefinedNodes;
+    std::string types;
+    for (const auto& type : leftOut.noShape) {
+        count += type.second;
+        types += (types.empty() ? "" : ", ") + OneLine(type.first.c_str()) + " (" + std::to_string(type.second) + ")";
+    }
+    if (count == 0) return;
+    std::string why;
+    if (!types.empty()) why = "no VTK shape for " + types;
+    if (leftOut.undefinedNodes)
+        why += (why.empty() ? "" : "; ") + std::to_string(leftOut.undefinedNodes) + " name nodes that are not defined";
+    std::fprintf(stderr, "inpdeck: warning: %d elements left out of \"%s\": %s\n", count, OneLine(target).c_str(),
+                 why.c_str());
+}
+
 int RunDeck(const Options& options) {
     if (const char* why = UnreadableBecause(options.deck)) {
         std::fprintf(stderr, "inpdeck: cannot read deck \"%s\": %s\n", OneLine(options.deck).c_str(), why);
@@ -240,7 +262,8 @@ int RunDeck(const Options& options) {
     diagnostics.maxMessages = options.maxMessages;
     int status = inpdeck::ReportMessages(OneLine(options.deck).c_str(), model, timer.GetElapsedTime(), diagnostics);
     if (options.tree) PrintTree(model.keywords, 0);
-    const bool stdoutTaken = options.tree || IsStdout(options.printTo) || IsStdout(options.jsonTo);
+    const bool stdoutTaken = options.tree || IsStdout(options.printTo) || IsStdout(options.jsonTo) ||
+                             IsStdout(options.vtkTo);
     if (!options.quiet && !stdoutTaken) inpdeck::PrintModelReport(stdout, model);
     if (options.printTo) {
         int printed = PrintDeck(model, options.printTo);
@@ -252,6 +275,16 @@ int RunDeck(const Options& options) {
             return inpdeck::WriteModelJson(f, deckName.c_str(), model);
         });
         if (written) status = written;
+    }
+    if (options.vtkTo) {
+        inpdeck::VtkLeftOut leftOut;
+        const int written = WriteOutput(options.vtkTo, "mesh", [&](std::FILE* f) {
+            return inpdeck::WriteModelVtu(f, model, leftOut);
+        });
+        if (written)
+            status = written;
+        else
+            WarnLeftOut(options.vtkTo, leftOut);
     }
     return status;
 }
@@ -300,9 +333,9 @@ int Run(int argc, char** argv) {
                 const long n = std::strtol(value, &end, 10);
                 if (!*value || *end || n < 0 || n > 2147483647L) return UsageError("invalid message count: ", value);
                 options.maxMessages = static_cast<int>(n);
-            } else if (!std::strcmp(arg, "--json")) {
+            } else if (!std::strcmp(arg, "--json") || !std::strcmp(arg, "--vtk")) {
                 if (i + 1 >= argc) return UsageError("missing value after ", arg);
-                options.jsonTo = argv[++i];
+                (arg[2] == 'j' ? options.jsonTo : options.vtkTo) = argv[++i];
             } else if (!std::strcmp(arg, "-p") || !std::strcmp(arg, "-I") || !std::strcmp(arg, "--stop-after")) {
                 if (i + 1 >= argc) return UsageError("missing value after ", arg);
                 const char* value = argv[++i];
