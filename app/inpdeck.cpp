@@ -57,6 +57,9 @@ const char kUsage[] =
     "  --vtk FILE          write the mesh as a VTK unstructured grid (.vtu) to FILE:\n"
     "                      points in global axes, one cell per element with a VTK\n"
     "                      shape, ids, instances, element types and sets as arrays\n"
+    "  --diagnostics=gnu   a message whose text names a file and line is written as\n"
+    "                      FILE:LINE: error: TEXT (or warning:), as compilers do, for\n"
+    "                      editors to jump to; the others as before\n"
     "  --quiet             leave out the model report: only the messages and the\n"
     "                      summary line\n"
     "  keyword NAME        resolve a keyword name as a deck line would (any case, blanks\n"
@@ -135,6 +138,7 @@ struct Options {
     bool quiet = false;
     const char* jsonTo = nullptr;
     const char* vtkTo = nullptr;
+    bool gnuDiagnostics = false;
     int maxMessages = 1000;  // 0: all
 };
 
@@ -260,6 +264,7 @@ int RunDeck(const Options& options) {
 
     inpdeck::DiagnosticsOptions diagnostics;
     diagnostics.maxMessages = options.maxMessages;
+    diagnostics.gnu = options.gnuDiagnostics;
     int status = inpdeck::ReportMessages(OneLine(options.deck).c_str(), model, timer.GetElapsedTime(), diagnostics);
     if (options.tree) PrintTree(model.keywords, 0);
     const bool stdoutTaken = options.tree || IsStdout(options.printTo) || IsStdout(options.jsonTo) ||
@@ -324,6 +329,10 @@ int Run(int argc, char** argv) {
                 options.tree = true;
             } else if (!std::strcmp(arg, "--simple")) {
                 options.simple = true;
+            } else if (!std::strncmp(arg, "--diagnostics=", 14)) {
+                if (std::strcmp(arg + 14, "gnu") && std::strcmp(arg + 14, "default"))
+                    return UsageError("unknown diagnostics format: ", arg + 14);
+                options.gnuDiagnostics = !std::strcmp(arg + 14, "gnu");
             } else if (!std::strcmp(arg, "--quiet")) {
                 options.quiet = true;
             } else if (!std::strcmp(arg, "--max-messages")) {

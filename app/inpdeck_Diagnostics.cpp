@@ -62,7 +62,11 @@ int ReportMessages(const char* deck, const inp_Deck& model, double seconds, cons
     const int shown = max > 0 && max < sink.Count() ? max : sink.Count();
     for (int i = 0; i < shown; ++i) {
         const wip_Record& r = sink.Record(i);
-        if (r.IsError())
+        const MessageLocation at = options.gnu ? LocationOf(r.text.c_str()) : MessageLocation();
+        if (at.line > 0)
+            std::fprintf(stderr, "%s:%d: %s: %s\n", OneLine(at.file.c_str()).c_str(), at.line,
+                         r.IsError() ? "error" : "warning", OneLine(r.text.c_str()).c_str());
+        else if (r.IsError())
             std::fprintf(stderr, "error[%d]: %s\n", r.level, OneLine(r.text.c_str()).c_str());
         else
             std::fprintf(stderr, "warning: %s\n", OneLine(r.text.c_str()).c_str());

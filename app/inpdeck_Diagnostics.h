@@ -20,6 +20,9 @@ MessageLocation LocationOf(const char* text);
 
 struct DiagnosticsOptions {
     int maxMessages = 1000;  // 0: all
+    // Messages whose text names a file and line as compilers write them,
+    // `FILE:LINE: error: TEXT`, so that an editor can jump to the place.
+    bool gnu = false;
 };
 
 // Writes the messages and the summary line; the exit status of the messages.
