@@ -20,6 +20,7 @@
 #include "omi_Timer.h"
 #include "inpdeck_Diagnostics.h"
 #include "inpdeck_Json.h"
+#include "inpdeck_Progress.h"
 #include "inpdeck_Vtk.h"
 #include "inpdeck_Report.h"
 #include "inpdeck_Text.h"
@@ -60,6 +61,8 @@ const char kUsage[] =
     "  --diagnostics=gnu   a message whose text names a file and line is written as\n"
     "                      FILE:LINE: error: TEXT (or warning:), as compilers do, for\n"
     "                      editors to jump to; the others as before\n"
+    "  -v                  tell each phase as it ends, with its time and MB/s; on a\n"
+    "                      terminal a phase longer than a second shows its progress\n"
     "  --quiet             leave out the model report: only the messages and the\n"
     "                      summary line\n"
     "  keyword NAME        resolve a keyword name as a deck line would (any case, blanks\n"
@@ -139,6 +142,7 @@ struct Options {
     const char* jsonTo = nullptr;
     const char* vtkTo = nullptr;
     bool gnuDiagnostics = false;
+    bool verbose = false;
     int maxMessages = 1000;  // 0: all
 };
 
@@ -210,6 +214,13 @@ int WriteOutput(const char* target, const char* what, Write&& write) {
 
 bool IsStdout(const char* target) { return target && !std::strcmp(target, "-"); }
 
+// The size of a written file, for the rate of its writing; 0 for standard output.
+double WrittenBytes(const char* target) {
+    std::error_code ec;
+    const auto size = IsStdout(target) ? 0 : std::filesystem::file_size(target, ec);
+    return ec ? 0.0 : static_cast<double>(size);
+}
+
 // What the grid left out, in one warning.
 void WarnLeftOut(const char* target, const inpdeck::VtkLeftOut& leftOut) {
     int count = leftOut.undefinedNodes;
@@ -244,10 +255,16 @@ int RunDeck(const Options& options) {
     }
 
     simpleConversion = options.simple;
+    inpdeck::PhaseProgress progress(options.verbose);
+    // The rate of every phase is over the bytes the parse read, include files counted.
+    std::error_code ec;
+    double deckBytes = static_cast<double>(std::filesystem::file_size(options.deck, ec));
     omi_Timer timer;
     timer.Start();
     wip_WIP& sink = thr_ThreadSingleton<wip_WIP>::Instance();
     for (const Phase* phase = kPhases; phase->name; ++phase) {
+        progress.Begin(phase->name);
+        const long long readBefore = inpdeck::PhaseProgress::BytesRead();
         // A pass that gives up raises; the user sees why, and the deck goes no further.
         try {
             phase->run(model, options.deck);
@@ -256,6 +273,10 @@ int RunDeck(const Options& options) {
         } catch (const std::bad_alloc&) {
             sink.Error(atr_raw("out of memory"), wip_Fatal);
         }
+        const long long readAfter = inpdeck::PhaseProgress::BytesRead();
+        if (phase == kPhases && readBefore >= 0 && readAfter > readBefore)
+            deckBytes = static_cast<double>(readAfter - readBefore);
+        progress.End(deckBytes);
         if (options.stopAfter && !std::strcmp(phase->name, options.stopAfter)) break;
         // The later phases assume a deck that could be read.
         if (sink.ErrorCount(wip_Fatal) > 0) break;
@@ -275,17 +296,21 @@ int RunDeck(const Options& options) {
         if (printed) status = printed;
     }
     if (options.jsonTo) {
+        progress.Begin("json");
         const std::string deckName = options.deck;
         const int written = WriteOutput(options.jsonTo, "model", [&](std::FILE* f) {
             return inpdeck::WriteModelJson(f, deckName.c_str(), model);
         });
+        progress.End(WrittenBytes(options.jsonTo));
         if (written) status = written;
     }
     if (options.vtkTo) {
         inpdeck::VtkLeftOut leftOut;
+        progress.Begin("vtk");
         const int written = WriteOutput(options.vtkTo, "mesh", [&](std::FILE* f) {
             return inpdeck::WriteModelVtu(f, model, leftOut);
         });
+        progress.End(WrittenBytes(options.vtkTo));
         if (written)
             status = written;
         else
@@ -333,6 +358,8 @@ int Run(int argc, char** argv) {
                 if (std::strcmp(arg + 14, "gnu") && std::strcmp(arg + 14, "default"))
                     return UsageError("unknown diagnostics format: ", arg + 14);
                 options.gnuDiagnostics = !std::strcmp(arg + 14, "gnu");
+            } else if (!std::strcmp(arg, "-v")) {
+                options.verbose = true;
             } else if (!std::strcmp(arg, "--quiet")) {
                 options.quiet = true;
             } else if (!std::strcmp(arg, "--max-messages")) {

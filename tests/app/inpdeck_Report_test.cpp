@@ -1,6 +1,8 @@
 // The model report: the table the driver writes on standard output after the messages.
 #include <gtest/gtest.h>
 
+#include <cstdio>
+
 #include "inpdeck_Testing.h"
 
 using inpdeck_test::DriverRun;
@@ -92,6 +94,30 @@ TEST(Diagnostics, GnuFormatForMessagesThatNameAFileAndLine) {
     }
     EXPECT_EQ(after.back(), before.back().substr(0, before.back().rfind(';')) + after.back().substr(after.back().rfind(';')));
     EXPECT_EQ(RunDriver(dir, "--diagnostics=clang " + Quoted(deck)).status, 2);
+}
+
+}  // namespace
+
+namespace {
+
+TEST(Progress, VerboseTellsEachPhaseAndNothingTicksIntoAPipe) {
+    TempDir dir;
+    const std::string deck = dir.Write("two.inp", kPlacedTwice);
+    DriverRun r = RunDriver(dir, "-v --quiet --json " + Quoted(dir / "m.json") + " " + Quoted(deck));
+    EXPECT_EQ(r.status, 0) << r.err;
+    EXPECT_EQ(r.err.find('\r'), std::string::npos) << r.err;
+    const std::vector<std::string> lines = inpdeck_test::Lines(r.err);
+    const char* phases[] = {"parse", "expand", "organize", "check", "parameters", nullptr, "json"};
+    ASSERT_EQ(lines.size(), 7u) << r.err;
+    for (size_t i = 0; i < lines.size(); ++i) {
+        if (!phases[i]) continue;  // the summary line
+        const std::string head = std::string("inpdeck: ") + phases[i] + ": ";
+        EXPECT_EQ(lines[i].rfind(head, 0), 0u) << lines[i];
+        double seconds = -1;
+        EXPECT_EQ(std::sscanf(lines[i].c_str() + head.size(), "%lf s", &seconds), 1) << lines[i];
+        EXPECT_GE(seconds, 0.0) << lines[i];
+    }
+    EXPECT_EQ(RunDriver(dir, "--quiet " + Quoted(deck)).err.find("inpdeck: parse:"), std::string::npos);
 }
 
 }  // namespace
