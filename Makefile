@@ -43,7 +43,7 @@ asan:
 # writes it to docs/performance.md. Optimised build, whatever $(BUILD) was made with.
 bench: | $(BUILD)/build.ninja
 	cmake -S . -B $(BUILD) -DCMAKE_BUILD_TYPE=RelWithDebInfo
-	cmake --build $(BUILD) -j $(JOBS) --target inp_bench
+	cmake --build $(BUILD) -j $(JOBS) --target inp_bench inpdeck
 	./$(BUILD)/inp_bench $(BENCH_ARGS)
 
 # libFuzzer with ASan and UBSan, clang only. New inputs collect in $(FUZZ_BUILD)/corpus;

@@ -18,8 +18,16 @@
 #include "aio_ostream.h"
 #include "inp.h"
 #include "omi_Timer.h"
+#include "inpdeck_Diagnostics.h"
+#include "inpdeck_Json.h"
+#include "inpdeck_Progress.h"
+#include "inpdeck_Vtk.h"
+#include "inpdeck_Report.h"
+#include "inpdeck_Text.h"
 
 namespace {
+
+using inpdeck::OneLine;
 
 const char kUsage[] =
     "usage: inpdeck [options] DECK\n"
@@ -27,7 +35,10 @@ const char kUsage[] =
     "       inpdeck --version | --help\n"
     "\n"
     "  DECK                read the deck and report every message on standard error,\n"
-    "                      one line each, followed by a summary line\n"
+    "                      one line each, followed by a summary line, then a table of\n"
+    "                      the model on standard output (parts, the assembly and its\n"
+    "                      instances: counts and placements) unless standard output\n"
+    "                      carries the deck (-p -) or the tree\n"
     "  -p FILE             write the deck in normal form to FILE (\"-\": standard output)\n"
     "  -I DIR              look for include files in DIR when the current directory\n"
     "                      does not hold them (default: the directory of DECK)\n"
@@ -42,6 +53,18 @@ const char kUsage[] =
     "                      them, one a line, each suboption two blanks further in\n"
     "  --max-messages N    show the first N messages (default 1000, 0: all), then one\n"
     "                      line with how many more there were\n"
+    "  --json FILE         write the model as JSON to FILE (\"-\": standard output); the\n"
+    "                      schema is docs/json-schema.md\n"
+    "  --vtk FILE          write the mesh as a VTK unstructured grid (.vtu) to FILE:\n"
+    "                      points in global axes, one cell per element with a VTK\n"
+    "                      shape, ids, instances, element types and sets as arrays\n"
+    "  --diagnostics=gnu   a message whose text names a file and line is written as\n"
+    "                      FILE:LINE: error: TEXT (or warning:), as compilers do, for\n"
+    "                      editors to jump to; the others as before\n"
+    "  -v                  tell each phase as it ends, with its time and MB/s; on a\n"
+    "                      terminal a phase longer than a second shows its progress\n"
+    "  --quiet             leave out the model report: only the messages and the\n"
+    "                      summary line\n"
     "  keyword NAME        resolve a keyword name as a deck line would (any case, blanks\n"
     "                      ignored, unique abbreviations allowed) and show its canonical\n"
     "                      name, value, the keywords that may hold it and its suboptions\n"
@@ -67,8 +90,6 @@ const Phase kPhases[] = {
     {"parameters", [](inp_Deck& deck, const char*) { deck.setModelParameters(); }},
     {nullptr, nullptr},
 };
-
-std::string OneLine(const char* text);
 
 int UsageError(const char* text, const char* detail) {
     if (text) std::fprintf(stderr, "inpdeck: %s%s\n", text, detail ? OneLine(detail).c_str() : "");
@@ -117,6 +138,11 @@ struct Options {
     const char* stopAfter = nullptr;  // the last phase
     bool tree = false;
     bool simple = false;
+    bool quiet = false;
+    const char* jsonTo = nullptr;
+    const char* vtkTo = nullptr;
+    bool gnuDiagnostics = false;
+    bool verbose = false;
     int maxMessages = 1000;  // 0: all
 };
 
@@ -131,130 +157,6 @@ const char* UnreadableBecause(const char* name) {
     if (!f) return "permission denied";
     std::fclose(f);
     return nullptr;
-}
-
-// The length of the UTF-8 sequence at `p` when it is valid and encodes no control
-// character, else 0. The C1 controls (U+0080 to U+009F) are refused too: some
-// terminals take U+009B as the start of a control sequence, as they take ESC [.
-int PrintableUtf8Length(const unsigned char* p) {
-    if (p[0] < 0xC2 || p[0] > 0xF4) return 0;
-    const int n = p[0] >= 0xF0 ? 4 : p[0] >= 0xE0 ? 3 : 2;
-    // A NUL ends the text before any byte behind it is read.
-    for (int k = 1; k < n; ++k)
-        if ((p[k] & 0xC0) != 0x80) return 0;
-    if (p[0] == 0xC2 && p[1] < 0xA0) return 0;
-    if ((p[0] == 0xE0 && p[1] < 0xA0) || (p[0] == 0xED && p[1] >= 0xA0)) return 0;  // overlong, surrogate
-    if ((p[0] == 0xF0 && p[1] < 0x90) || (p[0] == 0xF4 && p[1] >= 0x90)) return 0;  // overlong, beyond U+10FFFF
-    return n;
-}
-
-// Text that came from a deck (a message, a file or keyword name) on one line of the
-// user's terminal: a line break inside it (the lists of some messages) becomes a
-// blank, and every byte that could drive the terminal instead of showing (control
-// bytes, ESC among them, and bytes above 127 that are no valid UTF-8) becomes a '?'.
-std::string OneLine(const char* text) {
-    std::string out;
-    for (const char* p = text; *p;) {
-        const unsigned char c = static_cast<unsigned char>(*p);
-        if (c >= 0x80) {
-            const int n = PrintableUtf8Length(reinterpret_cast<const unsigned char*>(p));
-            out.append(n ? p : "?", n ? static_cast<size_t>(n) : 1);
-            p += n ? n : 1;
-            continue;
-        }
-        if (c == '\n')
-            out += ' ';
-        else if ((c < 0x20 && c != '\t') || c == 0x7f)
-            out += '?';
-        else
-            out += static_cast<char>(c);
-        ++p;
-    }
-    return out;
-}
-
-int CountDataLines(const cow_1DArrayList<inp_Keyword>& keywords, int& count) {
-    int lines = 0;
-    for (int i = 0; i < keywords.Count(); ++i) {
-        const inp_Keyword& k = keywords.ConstGet(i);
-        ++count;
-        lines += k.data.NumberOfLines();
-        lines += CountDataLines(k.suboptions, count);
-    }
-    return lines;
-}
-
-// What the model of a deck holds, counted over the assembly and all its instances.
-struct ModelCounts {
-    int parts = 0, instances = 0, nodes = 0, elements = 0, nodeSets = 0, elementSets = 0, surfaces = 0;
-};
-
-int CountSets(const inpM_SetMap& sets) {
-    int count = sets.Count();
-    cow_ConstMapIterator<cow_String, inpM_SetMap::Handle> it(sets.instances);
-    for (it.First(); !it.IsDone(); it.Next()) count += it.CurrentValue().ConstGet().Count();
-    return count;
-}
-
-ModelCounts CountModel(const inp_Deck& model) {
-    ModelCounts counts;
-    cow_List<cow_String> parts = model.partElements.Instances();
-    const cow_List<cow_String> nodeParts = model.partCoordinates.InstanceNames();
-    for (int i = 0; i < nodeParts.Count(); ++i)
-        parts.AppendUnlessMember(nodeParts.ConstGet(i));
-    counts.parts = parts.Count();
-    counts.instances = model.instanceToPart.Instances().Count();
-    counts.nodes = model.assemblyCoordinates.Count();
-    counts.elements = model.assemblyElements.ConstGet().Count();
-    const cow_List<cow_String> scopes = model.assemblyElements.Instances();
-    for (int i = 0; i < scopes.Count(); ++i)
-        counts.elements += model.assemblyElements.ConstGet(scopes.ConstGet(i)).Count();
-    counts.nodeSets = CountSets(model.assemblyNodeSets);
-    counts.elementSets = CountSets(model.assemblyElementSets);
-    counts.surfaces = model.assemblySurfaces.assemblyInstanceSurfaces.Count();
-    cow_ConstMapIterator<cow_String, inpM_PartInstanceSurfaceMap> it(model.assemblySurfaces.partInstanceSurfaces);
-    for (it.First(); !it.IsDone(); it.Next()) counts.surfaces += it.CurrentValue().Count();
-    return counts;
-}
-
-// The messages from `first` on, counted by level, in one line as compilers give it.
-void ReportHidden(const wip_WIP& sink, int first) {
-    int levels[3] = {0, 0, 0}, warnings = 0;
-    for (int i = first; i < sink.Count(); ++i) {
-        const wip_Record& r = sink.Record(i);
-        if (!r.IsError())
-            ++warnings;
-        else if (r.level >= 0 && r.level <= 2)
-            ++levels[r.level];
-    }
-    std::fprintf(stderr,
-                 "inpdeck: %d more messages not shown: %d fatal, %d non-fatal, %d serious errors, %d warnings "
-                 "(--max-messages 0 shows all)\n",
-                 sink.Count() - first, levels[0], levels[1], levels[2], warnings);
-}
-
-int ReportSink(const char* deck, const inp_Deck& model, double seconds, int maxMessages) {
-    const wip_WIP& sink = thr_ThreadSingleton<wip_WIP>::Instance();
-    const int shown = maxMessages > 0 && maxMessages < sink.Count() ? maxMessages : sink.Count();
-    for (int i = 0; i < shown; ++i) {
-        const wip_Record& r = sink.Record(i);
-        if (r.IsError())
-            std::fprintf(stderr, "error[%d]: %s\n", r.level, OneLine(r.text.c_str()).c_str());
-        else
-            std::fprintf(stderr, "warning: %s\n", OneLine(r.text.c_str()).c_str());
-    }
-    if (shown < sink.Count()) ReportHidden(sink, shown);
-    int keywords = 0;
-    const int dataLines = CountDataLines(model.keywords, keywords);
-    const ModelCounts m = CountModel(model);
-    std::fprintf(stderr,
-                 "inpdeck: %s: %d keywords, %d data lines; model: %d parts, %d instances, %d nodes, %d elements, "
-                 "%d node sets, %d element sets, %d surfaces; errors: %d fatal, %d non-fatal, %d serious; "
-                 "%d warnings; %.3f s\n",
-                 deck, keywords, dataLines, m.parts, m.instances, m.nodes, m.elements, m.nodeSets, m.elementSets,
-                 m.surfaces, sink.ErrorCount(0), sink.ErrorCount(1), sink.ErrorCount(2), sink.WarningCount(),
-                 seconds);
-    return sink.ErrorCount() > 0 ? 1 : 0;
 }
 
 // `*NAME, file "x", line n` as messages name a keyword, indented by depth.
@@ -294,6 +196,48 @@ int PrintDeck(inp_Deck& model, const char* target) {
     return 0;
 }
 
+// One output of the driver, written by `write` to a file or, for "-", to standard
+// output; 2 when it cannot be written.
+template <class Write>
+int WriteOutput(const char* target, const char* what, Write&& write) {
+    const bool toStdout = !std::strcmp(target, "-");
+    std::FILE* f = toStdout ? stdout : std::fopen(target, "wb");
+    bool ok = f && write(f);
+    if (f && !toStdout) ok = std::fclose(f) == 0 && ok;
+    if (ok) return 0;
+    if (toStdout)
+        std::fprintf(stderr, "inpdeck: cannot write the %s to standard output\n", what);
+    else
+        std::fprintf(stderr, "inpdeck: cannot write \"%s\"\n", OneLine(target).c_str());
+    return 2;
+}
+
+bool IsStdout(const char* target) { return target && !std::strcmp(target, "-"); }
+
+// The size of a written file, for the rate of its writing; 0 for standard output.
+double WrittenBytes(const char* target) {
+    std::error_code ec;
+    const auto size = IsStdout(target) ? 0 : std::filesystem::file_size(target, ec);
+    return ec ? 0.0 : static_cast<double>(size);
+}
+
+// What the grid left out, in one warning.
+void WarnLeftOut(const char* target, const inpdeck::VtkLeftOut& leftOut) {
+    int count = leftOut.undefinedNodes;
+    std::string types;
+    for (const auto& type : leftOut.noShape) {
+        count += type.second;
+        types += (types.empty() ? "" : ", ") + OneLine(type.first.c_str()) + " (" + std::to_string(type.second) + ")";
+    }
+    if (count == 0) return;
+    std::string why;
+    if (!types.empty()) why = "no VTK shape for " + types;
+    if (leftOut.undefinedNodes)
+        why += (why.empty() ? "" : "; ") + std::to_string(leftOut.undefinedNodes) + " name nodes that are not defined";
+    std::fprintf(stderr, "inpdeck: warning: %d elements left out of \"%s\": %s\n", count, OneLine(target).c_str(),
+                 why.c_str());
+}
+
 int RunDeck(const Options& options) {
     if (const char* why = UnreadableBecause(options.deck)) {
         std::fprintf(stderr, "inpdeck: cannot read deck \"%s\": %s\n", OneLine(options.deck).c_str(), why);
@@ -311,10 +255,16 @@ int RunDeck(const Options& options) {
     }
 
     simpleConversion = options.simple;
+    inpdeck::PhaseProgress progress(options.verbose);
+    // The rate of every phase is over the bytes the parse read, include files counted.
+    std::error_code ec;
+    double deckBytes = static_cast<double>(std::filesystem::file_size(options.deck, ec));
     omi_Timer timer;
     timer.Start();
     wip_WIP& sink = thr_ThreadSingleton<wip_WIP>::Instance();
     for (const Phase* phase = kPhases; phase->name; ++phase) {
+        progress.Begin(phase->name);
+        const long long readBefore = inpdeck::PhaseProgress::BytesRead();
         // A pass that gives up raises; the user sees why, and the deck goes no further.
         try {
             phase->run(model, options.deck);
@@ -323,17 +273,48 @@ int RunDeck(const Options& options) {
         } catch (const std::bad_alloc&) {
             sink.Error(atr_raw("out of memory"), wip_Fatal);
         }
+        const long long readAfter = inpdeck::PhaseProgress::BytesRead();
+        if (phase == kPhases && readBefore >= 0 && readAfter > readBefore)
+            deckBytes = static_cast<double>(readAfter - readBefore);
+        progress.End(deckBytes);
         if (options.stopAfter && !std::strcmp(phase->name, options.stopAfter)) break;
         // The later phases assume a deck that could be read.
         if (sink.ErrorCount(wip_Fatal) > 0) break;
     }
     timer.Stop();
 
-    int status = ReportSink(OneLine(options.deck).c_str(), model, timer.GetElapsedTime(), options.maxMessages);
+    inpdeck::DiagnosticsOptions diagnostics;
+    diagnostics.maxMessages = options.maxMessages;
+    diagnostics.gnu = options.gnuDiagnostics;
+    int status = inpdeck::ReportMessages(OneLine(options.deck).c_str(), model, timer.GetElapsedTime(), diagnostics);
     if (options.tree) PrintTree(model.keywords, 0);
+    const bool stdoutTaken = options.tree || IsStdout(options.printTo) || IsStdout(options.jsonTo) ||
+                             IsStdout(options.vtkTo);
+    if (!options.quiet && !stdoutTaken) inpdeck::PrintModelReport(stdout, model);
     if (options.printTo) {
         int printed = PrintDeck(model, options.printTo);
         if (printed) status = printed;
+    }
+    if (options.jsonTo) {
+        progress.Begin("json");
+        const std::string deckName = options.deck;
+        const int written = WriteOutput(options.jsonTo, "model", [&](std::FILE* f) {
+            return inpdeck::WriteModelJson(f, deckName.c_str(), model);
+        });
+        progress.End(WrittenBytes(options.jsonTo));
+        if (written) status = written;
+    }
+    if (options.vtkTo) {
+        inpdeck::VtkLeftOut leftOut;
+        progress.Begin("vtk");
+        const int written = WriteOutput(options.vtkTo, "mesh", [&](std::FILE* f) {
+            return inpdeck::WriteModelVtu(f, model, leftOut);
+        });
+        progress.End(WrittenBytes(options.vtkTo));
+        if (written)
+            status = written;
+        else
+            WarnLeftOut(options.vtkTo, leftOut);
     }
     return status;
 }
@@ -373,6 +354,14 @@ int Run(int argc, char** argv) {
                 options.tree = true;
             } else if (!std::strcmp(arg, "--simple")) {
                 options.simple = true;
+            } else if (!std::strncmp(arg, "--diagnostics=", 14)) {
+                if (std::strcmp(arg + 14, "gnu") && std::strcmp(arg + 14, "default"))
+                    return UsageError("unknown diagnostics format: ", arg + 14);
+                options.gnuDiagnostics = !std::strcmp(arg + 14, "gnu");
+            } else if (!std::strcmp(arg, "-v")) {
+                options.verbose = true;
+            } else if (!std::strcmp(arg, "--quiet")) {
+                options.quiet = true;
             } else if (!std::strcmp(arg, "--max-messages")) {
                 if (i + 1 >= argc) return UsageError("missing value after ", arg);
                 const char* value = argv[++i];
@@ -380,6 +369,9 @@ int Run(int argc, char** argv) {
                 const long n = std::strtol(value, &end, 10);
                 if (!*value || *end || n < 0 || n > 2147483647L) return UsageError("invalid message count: ", value);
                 options.maxMessages = static_cast<int>(n);
+            } else if (!std::strcmp(arg, "--json") || !std::strcmp(arg, "--vtk")) {
+                if (i + 1 >= argc) return UsageError("missing value after ", arg);
+                (arg[2] == 'j' ? options.jsonTo : options.vtkTo) = argv[++i];
             } else if (!std::strcmp(arg, "-p") || !std::strcmp(arg, "-I") || !std::strcmp(arg, "--stop-after")) {
                 if (i + 1 >= argc) return UsageError("missing value after ", arg);
                 const char* value = argv[++i];

@@ -18,6 +18,7 @@
 #include <malloc.h>
 #include <sys/resource.h>
 #include <sys/utsname.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -29,6 +30,7 @@
 #include <map>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "inp_DeckPhases.h"
@@ -321,6 +323,72 @@ std::string Containers() {
     return t;
 }
 
+// ---- the driver's exports ----------------------------------------------------------
+
+// One run of the driver: wall seconds and peak RSS in kB, or a negative time when it
+// failed. Run as a child of its own, so that its peak is its own.
+std::pair<double, long> RunDriver(const std::vector<std::string>& args) {
+    std::vector<char*> argv;
+    for (const std::string& a : args) argv.push_back(const_cast<char*>(a.c_str()));
+    argv.push_back(nullptr);
+    const Clock::time_point start = Clock::now();
+    const pid_t pid = fork();
+    if (pid == 0) {
+        execv(argv[0], argv.data());
+        _exit(127);
+    }
+    int status = 0;
+    struct rusage usage;
+    if (pid < 0 || wait4(pid, &status, 0, &usage) != pid || !WIFEXITED(status) || WEXITSTATUS(status) != 0)
+        return {-1.0, 0};
+    return {Since(start), usage.ru_maxrss};
+}
+
+// The driver on the largest assembly deck: its road alone, then with the model written
+// as JSON and as VTU into files beside the deck; each the best of three. The export is
+// held to 3x the floor on top of the road, and its peak memory to that of the road.
+std::string DriverExports(const std::string& deck, const std::string& label, double floor) {
+    const std::string driver = std::string(INP_BENCH_DIR) + "/../inpdeck", out = std::string(INP_BENCH_DIR) + "/export";
+    struct Run {
+        const char* name;
+        std::vector<std::string> args;
+        double seconds = 1e300;
+        long peak = 0;
+    } runs[] = {
+        {"road (inpdeck --quiet)", {driver, "--quiet", deck}},
+        {"road + --json", {driver, "--quiet", "--json", out + ".json", deck}},
+        {"road + --vtk", {driver, "--quiet", "--vtk", out + ".vtu", deck}},
+    };
+    for (int rep = 0; rep < 3; ++rep)
+        for (Run& r : runs) {
+            const std::pair<double, long> t = RunDriver(r.args);
+            if (t.first < 0) return "The driver failed on " + label + ": no export timings.\n";
+            r.seconds = std::min(r.seconds, t.first);
+            r.peak = t.second;
+        }
+    std::remove((out + ".json").c_str());
+    std::remove((out + ".vtu").c_str());
+    std::ostringstream t;
+    t << "## Export\n\n"
+      << "The driver on " << label << ", a process per run, best of three, the output into a file: the road\n"
+      << "alone, then with the model written by `--json` and by `--vtk`. `export` is the time on top of\n"
+      << "the road, `x floor` that time over the floor's; the aim is 3x for JSON, with the peak memory of\n"
+      << "the road.\n\n"
+      << "| run | seconds | export seconds | x floor | peak RSS MB |\n|---|---:|---:|---:|---:|\n";
+    for (const Run& r : runs) {
+        const double extra = r.seconds - runs[0].seconds;
+        const bool road = &r == &runs[0];
+        t << "| " << r.name << " | " << Format("%.3f", r.seconds) << " | " << (road ? "-" : Format("%.3f", extra))
+          << " | " << (road ? "-" : Format("%.2f", extra / floor)) << " | " << Format("%.1f", r.peak / 1024.0)
+          << " |\n";
+    }
+    const double ratio = (runs[1].seconds - runs[0].seconds) / floor;
+    t << "\nJSON at " << Format("%.2f", ratio) << "x the floor on top of the road (aim 3x: "
+      << (ratio <= 3.0 ? "met" : "missed") << "); its peak " << Format("%.1f", runs[1].peak / 1024.0) << " MB against "
+      << Format("%.1f", runs[0].peak / 1024.0) << " MB for the road.\n\n";
+    return t.str();
+}
+
 int RunAll(const std::vector<int>& sizes, const std::vector<std::string>& variants, const std::string& outFile) {
     const std::string source = INP_SOURCE_DIR, work = INP_BENCH_DIR;
     std::vector<Row> rows;
@@ -341,8 +409,8 @@ int RunAll(const std::vector<int>& sizes, const std::vector<std::string>& varian
         rows.push_back(row);
         return true;
     };
-    std::string largestFlat;
-    int largestN = 0;
+    std::string largestFlat, largestAssembly;
+    int largestN = 0, largestAssemblyN = 0;
     for (int n : sizes) {
         for (const std::string& variant : variants) {
             int status = 0;
@@ -359,6 +427,10 @@ int RunAll(const std::vector<int>& sizes, const std::vector<std::string>& varian
                 const std::string base = deck.substr(0, deck.size() - 4);
                 files += " " + Quote(base + "-nodes.inp") + " " + Quote(base + "-elements.inp");
             }
+            if (variant == "assembly" && n > largestAssemblyN) {
+                largestAssemblyN = n;
+                largestAssembly = deck;
+            }
             if (variant == "flat" && n > largestN) {
                 largestN = n;
                 largestFlat = files;
@@ -371,6 +443,14 @@ int RunAll(const std::vector<int>& sizes, const std::vector<std::string>& varian
     // process it runs in, a driver's environment can.
     const std::string hugePages = "GLIBC_TUNABLES=glibc.malloc.hugetlb=1 ";
     if (largestN > 0 && !measure("huge pages: flat-" + std::to_string(largestN), largestFlat, 3, hugePages)) return 1;
+
+    std::string exports;
+    if (largestAssemblyN > 0) {
+        const std::string label = "assembly-" + std::to_string(largestAssemblyN);
+        for (const Row& r : rows)
+            if (r.deck == label) exports = DriverExports(largestAssembly, label, r.values.at("floor"));
+        std::fprintf(stderr, "inp_bench: exports measured\n");
+    }
 
     struct utsname host;
     uname(&host);
@@ -397,6 +477,7 @@ int RunAll(const std::vector<int>& sizes, const std::vector<std::string>& varian
         << "Machine: " << CpuName() << ", " << host.sysname << " " << host.release << "; " << date << ".\n\n"
         << Table(rows) << "\n"
         << Targets(rows) << "\n"
+        << exports
         << Containers();
     std::fputs(doc.str().c_str(), stdout);
     if (!outFile.empty()) {

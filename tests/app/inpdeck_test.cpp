@@ -4,42 +4,17 @@
 
 #include <cstdlib>
 
-#include "../support/inp_TestFiles.h"
+#include "inpdeck_Testing.h"
 
 using inp_test::ReadFile;
 using inp_test::TempDir;
 
+using inpdeck_test::DriverRun;
+using inpdeck_test::Lines;
+using inpdeck_test::Quoted;
+using inpdeck_test::RunDriver;
+
 namespace {
-
-struct DriverRun {
-    int status = -1;
-    std::string out;
-    std::string err;
-};
-
-std::string Quoted(const std::string& s) { return "'" + s + "'"; }
-
-DriverRun RunDriver(const TempDir& dir, const std::string& args) {
-    const std::string out = dir / "stdout", err = dir / "stderr", rc = dir / "status";
-    const std::string command = Quoted(INPDECK_EXE) + " " + args + " >" + Quoted(out) + " 2>" + Quoted(err) +
-                                "; echo $? >" + Quoted(rc);
-    DriverRun r;
-    if (std::system(command.c_str()) != 0) return r;
-    r.status = std::atoi(ReadFile(rc).c_str());
-    r.out = ReadFile(out);
-    r.err = ReadFile(err);
-    return r;
-}
-
-std::vector<std::string> Lines(const std::string& text) {
-    std::vector<std::string> lines;
-    for (size_t start = 0, end; start < text.size(); start = end + 1) {
-        end = text.find('\n', start);
-        if (end == std::string::npos) end = text.size();
-        lines.push_back(text.substr(start, end - start));
-    }
-    return lines;
-}
 
 TEST(Driver, ExampleDeckReadsWithoutErrors) {
     TempDir dir;
