@@ -78,6 +78,7 @@ struct Chunk {
     std::uint32_t prev;      // list of the partly used chunks of its size, or of the empty chunks
     std::uint32_t next;
     bool partial;            // on its size's list of partly used chunks
+    bool huge;               // asked for huge pages: the kernel may have filled all of it
 };
 
 struct Heap {
@@ -167,7 +168,7 @@ struct Heap {
             ++chunksInUse;
             if (hadOne) huge[k] = true;
 #ifdef MADV_HUGEPAGE
-            if (huge[k]) madvise(Start(c), kChunkBytes, MADV_HUGEPAGE);
+            if (huge[k] && !ch.huge) ch.huge = madvise(Start(c), kChunkBytes, MADV_HUGEPAGE) == 0;
 #endif
         }
         current[k] = c;
@@ -200,10 +201,16 @@ struct Heap {
         return p;
     }
 
+    // Gives the chunk's pages back. On huge pages the kernel filled the whole chunk at
+    // the first touch, beyond what blocks took.
+    void Discard(std::uint32_t c) {
+        const Chunk& ch = chunks[c];
+        madvise(Start(c), ch.huge ? kChunkBytes : (ch.bump + 4095u) & ~std::size_t(4095), MADV_DONTNEED);
+    }
+
     void Release(std::uint32_t c) {
         Chunk& ch = chunks[c];
-        const std::size_t touched = (ch.bump + 4095u) & ~std::size_t(4095);
-        madvise(Start(c), touched, MADV_DONTNEED);
+        Discard(c);
         ch.size = 0;
         ch.bump = 0;
         ch.freeHead = 0;
@@ -226,7 +233,7 @@ struct Heap {
         if (ch.live == 0) {
             if (c == current[k]) {
                 // Still the chunk its size allocates from: start it over.
-                if (ch.bump > kKeptBytes) madvise(Start(c), (ch.bump + 4095u) & ~std::size_t(4095), MADV_DONTNEED);
+                if (ch.huge || ch.bump > kKeptBytes) Discard(c);
                 ch.bump = 0;
                 ch.freeHead = 0;
             } else {

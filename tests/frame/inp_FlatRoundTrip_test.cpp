@@ -13,6 +13,7 @@
 #include "../support/inp_ModelDump.h"
 #include "../support/inp_TestFiles.h"
 #include "inp.h"
+#include "mem_BlockHeap.h"
 
 using inp_test::ModelDump;
 using inp_test::SinkRecords;
@@ -53,7 +54,10 @@ void ExpectRoundTrip(const std::string& path, bool fullConversion, bool clean) {
     SCOPED_TRACE(path + (fullConversion ? " (full)" : " (simple)"));
     TempDir dir;
     const std::string printed = dir / "printed.inp";
+    // A deck that dies gives back every block it took, lines, records and tables.
+    const std::size_t blocksBefore = mem_BlockHeapState().blocksInUse;
     const Road first = Read(path, fullConversion, printed);
+    EXPECT_EQ(mem_BlockHeapState().blocksInUse, blocksBefore);
     if (clean) {
         EXPECT_EQ(first.records, Strings{});
     }
