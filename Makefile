@@ -53,12 +53,15 @@ bench: | $(BUILD)/build.ninja
 # Entropic scheduling is off: with a library this size its bookkeeping took a third of
 # the run, and without it the same minutes run some 40 % more inputs and reach further.
 FUZZ_TARGET ?= inp_fuzz_deck
+# Short allocation stacks and a small quarantine: a finding is replayed under the ASan
+# build of the test suite for its full report, and the fuzzer runs half again as fast.
+FUZZ_ASAN_OPTIONS ?= detect_leaks=1:malloc_context_size=5:quarantine_size_mb=16
 fuzz:
 	cmake -S . -B $(FUZZ_BUILD) $(CMAKE_GEN) -DCMAKE_BUILD_TYPE=RelWithDebInfo \
 	  -DCMAKE_CXX_COMPILER=clang++ -DINP_FUZZ=ON
 	cmake --build $(FUZZ_BUILD) -j $(JOBS) --target $(FUZZ_TARGET)
 	mkdir -p $(FUZZ_BUILD)/corpus $(FUZZ_BUILD)/artifacts
-	cd $(FUZZ_BUILD) && ASAN_OPTIONS=detect_leaks=1 $(CURDIR)/$(FUZZ_BUILD)/$(FUZZ_TARGET) \
+	cd $(FUZZ_BUILD) && ASAN_OPTIONS=$(FUZZ_ASAN_OPTIONS) $(CURDIR)/$(FUZZ_BUILD)/$(FUZZ_TARGET) \
 	  -max_total_time=$(FUZZ_SECONDS) -jobs=$(FUZZ_JOBS) -workers=$(FUZZ_JOBS) \
 	  -timeout=1 -rss_limit_mb=4096 -max_len=65536 -entropic=0 -print_final_stats=1 \
 	  -artifact_prefix=$(CURDIR)/$(FUZZ_BUILD)/artifacts/ \

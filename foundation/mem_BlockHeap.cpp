@@ -65,9 +65,10 @@ std::uint32_t ClassBytes(int k) {
 
 const std::uint32_t kNone = 0xffffffffu;
 // A chunk that keeps serving its size after its last block went keeps this much of
-// its pages; beyond it they go back to the system, as the pages of a deck that was
-// freed should.
-const std::uint32_t kKeptBytes = 64 * 1024;
+// its pages, which the next small deck reuses without a fault (a driver that reads
+// many small decks, a fuzzer); beyond it they go back to the system, as the pages of
+// a large deck that was freed should.
+const std::uint32_t kKeptBytes = 256 * 1024;
 
 struct Chunk {
     std::uint32_t bump;      // bytes from the start that blocks have taken

@@ -20,9 +20,6 @@ int* AllocateNodes(int count, int line) {
 
 }  // namespace
 
-inp_Element::inp_Element()
-    : nodes(nullptr), numNodes(0), solidElementNumbering(0), bottomNodes(0), offset(0) {}
-
 inp_Element::inp_Element(const cow_String& elementType, const cow_1DArrayList<int>& nodeList, int bottom,
                          int layerOffset, int solidNumbering)
     : type(elementType),

@@ -11,7 +11,9 @@
 
 class inp_Element {
 public:
-    inp_Element();
+    // Tables make records by the thousand (a chunk of 1024 at a time): inline, so that
+    // a chunk's worth is a plain fill.
+    inp_Element() : nodes(nullptr), numNodes(0), solidElementNumbering(0), bottomNodes(0), offset(0) {}
     // The node list is copied into an array of the element's own.
     inp_Element(const cow_String& elementType, const cow_1DArrayList<int>& nodeList, int bottom, int layerOffset,
                 int solidNumbering);
