@@ -30,8 +30,20 @@ namespace inp_fuzz {
 
 const char kFileSeparator = '\x1c';
 const int kMaxIncludeFiles = 3;
+// The reader's work limits for a fuzz input: a deck of four files that includes them
+// over and over reaches these in milliseconds, where the limits a user's deck gets
+// would hold each such input for a large part of the one second it may take.
+const int kFuzzIncludeFiles = 64;
+const long long kFuzzLines = 200000;
 
 inline std::string IncludeName(int i) { return "inc" + std::to_string(i) + ".inp"; }
+
+// A deck whose include files stand in `dir`, with the fuzzer's work limits.
+inline void Prepare(inp_Deck& deck, const std::string& dir) {
+    deck.includeDirectory = cow_String(dir.c_str());
+    deck.maxIncludeFiles = kFuzzIncludeFiles;
+    deck.maxLines = kFuzzLines;
+}
 
 inline bool WriteBytes(const std::string& path, const char* data, std::size_t size) {
     std::FILE* f = std::fopen(path.c_str(), "wb");
@@ -68,7 +80,7 @@ inline int RunDeck(const std::string& dir, const std::uint8_t* data, std::size_t
     wip_WIP& sink = thr_ThreadSingleton<wip_WIP>::Instance();
     sink.Clear();
     inp_Deck deck;
-    deck.includeDirectory = cow_String(dir.c_str());
+    Prepare(deck, dir);
     for (int i = 0; i < inp_phases::kDeckPhaseCount; ++i) {
         inp_phases::kDeckPhases[i].run(deck, deckPath.c_str());
         if (afterPhase) afterPhase(inp_phases::kDeckPhases[i], sink);
@@ -137,7 +149,7 @@ inline std::string RoundTrip(const std::string& dir, const std::uint8_t* data, s
     wip_WIP& sink = thr_ThreadSingleton<wip_WIP>::Instance();
     sink.Clear();
     inp_Deck deck;
-    deck.includeDirectory = cow_String(dir.c_str());
+    Prepare(deck, dir);
     deck.Parse(cow_String(deckPath.c_str()));
     deck.ExpandKeywords();
     const std::string printed = PrintedText(deck);
@@ -145,7 +157,7 @@ inline std::string RoundTrip(const std::string& dir, const std::uint8_t* data, s
     const std::string printedPath = dir + "/printed.inp";
     WriteBytes(printedPath, printed.data(), printed.size());
     inp_Deck back;
-    back.includeDirectory = cow_String(dir.c_str());
+    Prepare(back, dir);
     back.Parse(cow_String(printedPath.c_str()));
     std::string problem;
     if (Upper(PrintedText(back)) != Upper(printed)) {

@@ -309,6 +309,18 @@ TEST(ParserInclude, TheWorkOfADeckIsLimitedInFilesAndLines) {
         const std::vector<std::string> fatal = inp_test::ToVector(parser.FatalErrors());
         EXPECT_EQ(fatal, c.fatal.empty() ? std::vector<std::string>{} : std::vector<std::string>{c.fatal});
     }
+
+    // The same limits set on a deck reach the reader its Parse makes.
+    for (const Case& c : cases) {
+        thr_ThreadSingleton<wip_WIP>::Instance().Clear();
+        inp_Deck deck;
+        deck.maxIncludeFiles = c.files;
+        deck.maxLines = c.lines;
+        deck.Parse(cow_String(main.c_str()));
+        EXPECT_EQ(Printed(deck.keywords), c.printed);
+        EXPECT_EQ(inp_test::SinkRecords(),
+                  c.fatal.empty() ? std::vector<std::string>{} : std::vector<std::string>{"E0: " + c.fatal});
+    }
 }
 
 }  // namespace

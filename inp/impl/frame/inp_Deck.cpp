@@ -17,6 +17,9 @@
 void inp_Deck::Parse(cow_String name) {
     fileName = name;
     inp_Parser parser(name, includeDirectory, cow_1DArrayList<cow_String>(), cow_String(), true);
+    if (maxIncludeFiles > 0 || maxLines > 0)
+        parser.SetWorkLimits(maxIncludeFiles > 0 ? maxIncludeFiles : inp_Parser::kMaxIncludeFiles,
+                             maxLines > 0 ? maxLines : inp_Parser::kMaxLines);
     keywords = parser.Parse(true);
 
     // Fatal first: a driver that stops at the first error shows the one that matters.

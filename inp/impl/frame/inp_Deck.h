@@ -112,6 +112,11 @@ public:
 
     cow_List<cow_String> instanceNames;
     cow_String includeDirectory;
+    // The work Parse may do in all (include files opened, lines read, every repeat of a
+    // file counted) before it reads no further; 0 keeps the reader's own limits. A
+    // fuzzer sets them low, so that a deck that fans its includes out costs it little.
+    int maxIncludeFiles = 0;
+    long long maxLines = 0;
     inpM_InstanceMap<cow_String> instanceToPart;
     inp_ModelParameters modelParameters;
 
