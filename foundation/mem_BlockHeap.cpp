@@ -74,8 +74,7 @@ struct Chunk {
     std::uint32_t bump;      // bytes from the start that blocks have taken
     std::uint32_t live;      // blocks in use
     std::uint32_t freeHead;  // offset + 1 of the first freed block, 0 when none
-    std::int32_t size;       // bytes of each block, 0 when the chunk serves no size
-    std::int32_t sizeClass;
+    std::int32_t sizeClass;  // of every block in it, while it serves a size
     std::uint32_t prev;      // list of the partly used chunks of its size, or of the empty chunks
     std::uint32_t next;
     bool partial;            // on its size's list of partly used chunks
@@ -161,7 +160,6 @@ struct Heap {
             ch.bump = 0;
             ch.live = 0;
             ch.freeHead = 0;
-            ch.size = static_cast<std::int32_t>(ClassBytes(k));
             ch.sizeClass = k;
             ch.partial = false;
             ch.prev = ch.next = kNone;
@@ -212,7 +210,6 @@ struct Heap {
     void Release(std::uint32_t c) {
         Chunk& ch = chunks[c];
         Discard(c);
-        ch.size = 0;
         ch.bump = 0;
         ch.freeHead = 0;
         --chunksInUse;
@@ -227,7 +224,7 @@ struct Heap {
         const int k = ch.sizeClass;
         MEM_UNPOISON(p, sizeof ch.freeHead);
         std::memcpy(p, &ch.freeHead, sizeof ch.freeHead);
-        MEM_POISON(p, static_cast<std::size_t>(ch.size));
+        MEM_POISON(p, ClassBytes(k));
         ch.freeHead = static_cast<std::uint32_t>(p - Start(c)) + 1;
         --ch.live;
         --blocksInUse;
