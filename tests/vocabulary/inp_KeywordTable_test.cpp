@@ -92,6 +92,19 @@ TEST(KeywordTable, ParentsAndNames) {
     std::sort(expected.begin(), expected.end());
     EXPECT_EQ(parents, expected);
 
+    // Every keyword's parents, each once.
+    for (const inp_KeywordRow* row = inp_keywordRows; row->name; ++row) {
+        std::vector<int> walk;
+        for (const inp_KeywordRow* owner = inp_keywordRows; owner->name; ++owner)
+            if (Table().Suboptions(static_cast<inp_KeywordEnm>(owner->value)).IsMember(row->value))
+                walk.push_back(owner->value);
+        std::vector<int> got = Vec(Table().ParentKeywords(static_cast<inp_KeywordEnm>(row->value)));
+        std::sort(got.begin(), got.end());
+        std::sort(walk.begin(), walk.end());
+        walk.erase(std::unique(walk.begin(), walk.end()), walk.end());
+        ASSERT_EQ(got, walk) << row->name;
+    }
+
     cow_1DArrayList<int> two;
     two.Append(inp_kwNode);
     two.Append(inp_kwPreTensionSection);

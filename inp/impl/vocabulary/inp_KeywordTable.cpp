@@ -1,6 +1,7 @@
 #include "inp_KeywordTable.h"
 
 #include <cstring>
+#include <map>
 
 #include "inp_Exceptions.h"
 #include "thr_GlobalLock.h"
@@ -57,12 +58,19 @@ cow_String inp_KeywordTable::KeywordEnum2String(cow_1DArrayList<int> values) con
 }
 
 cow_1DArrayList<int> inp_KeywordTable::ParentKeywords(inp_KeywordEnm value) const {
-    cow_1DArrayList<int> parents;
-    cow_ConstMapIterator<int, cow_1DArrayList<int>> it(m_suboptions);
-    for (it.First(); !it.IsDone(); it.Next()) {
-        if (it.CurrentValue().IsMember(value)) parents.AppendUnlessMember(it.CurrentKey());
+    if (!m_parentsMade) {
+        // One walk in map order gives every keyword its parents in that order.
+        std::map<int, cow_1DArrayList<int>> collected;
+        cow_ConstMapIterator<int, cow_1DArrayList<int>> it(m_suboptions);
+        for (it.First(); !it.IsDone(); it.Next()) {
+            const cow_1DArrayList<int>& subs = it.CurrentValue();
+            for (int i = 0; i < subs.Count(); ++i) collected[subs.ConstGet(i)].AppendUnlessMember(it.CurrentKey());
+        }
+        for (const auto& entry : collected) m_parents.Insert(entry.first, entry.second);
+        m_parentsMade = true;
     }
-    return parents;
+    const cow_1DArrayList<int>* parents = m_parents.Lookup(value);
+    return parents ? *parents : cow_1DArrayList<int>();
 }
 
 const cow_1DArrayList<int>& inp_KeywordTable::Suboptions(inp_KeywordEnm value) const {

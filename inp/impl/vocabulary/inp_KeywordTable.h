@@ -48,6 +48,11 @@ private:
     // and the table, one per thread, never changes.
     mutable cow_1DArrayList<int> m_levels[3];
     mutable bool m_levelsMade[3] = {false, false, false};
+    // Keyword to the keywords that may hold it, made at the first question: every
+    // misplaced keyword of a deck asks, and a walk of the whole table per question made
+    // a deck of many misplaced keywords slow to report.
+    mutable cow_Map<int, cow_1DArrayList<int>> m_parents;
+    mutable bool m_parentsMade = false;
 };
 
 // The table's own per-thread slot: made at the first use in the process under the
