@@ -7,6 +7,8 @@
 #ifndef INP_KEYWORDTABLE_H
 #define INP_KEYWORDTABLE_H
 
+#include <vector>
+
 #include "cow_1DArrayList.h"
 #include "cow_Map.h"
 #include "cow_String.h"
@@ -36,6 +38,9 @@ public:
     const cow_1DArrayList<int>& Suboptions(inp_KeywordEnm value) const;
 
 private:
+    // How many names begin with the text, counting no further than 2; `found` is set to
+    // one of them.
+    int CountBeginningWith(const cow_String& text, const char** found) const;
     void Close(const cow_1DArrayList<int>& list, cow_1DArrayList<int>& out) const;
     // The closure of the top keyword's suboptions without the two skipped ones (0: none).
     cow_1DArrayList<int> LevelClosure(int level, inp_KeywordEnm top, inp_KeywordEnm skip,
@@ -44,6 +49,7 @@ private:
     cow_Map<int, cow_1DArrayList<int>> m_suboptions;
     cow_Map<cow_String, int> m_names;
     cow_Map<int, cow_String> m_values;
+    std::vector<const char*> m_sortedNames;  // the canonical names, in strcmp order
     // The level closures, made at the first question: every flat deck asks for them,
     // and the table, one per thread, never changes.
     mutable cow_1DArrayList<int> m_levels[3];
