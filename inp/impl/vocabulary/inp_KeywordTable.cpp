@@ -37,13 +37,23 @@ int inp_KeywordTable::CountBeginningWith(const cow_String& text, const char** fo
     return matches;
 }
 
+int inp_KeywordTable::Match(const cow_String& name, cow_String& canonical) const {
+    if (m_names.IsMember(name)) {
+        canonical = name;
+        return 1;
+    }
+    const char* found = nullptr;
+    const int matches = CountBeginningWith(name, &found);
+    if (matches == 1) canonical = cow_String(found);
+    return matches;
+}
+
 cow_String inp_KeywordTable::ResolveName(const cow_String& name) const {
-    if (m_names.IsMember(name)) return name;
-    const char* last = nullptr;
-    const int matches = CountBeginningWith(name, &last);
+    cow_String canonical;
+    const int matches = Match(name, canonical);
     if (matches == 0) inp_UnknownKeywordException(0, cow_String(), name).Throw(__FILE__, __LINE__);
     if (matches > 1) inp_AmbiguousKeywordException(0, cow_String(), name).Throw(__FILE__, __LINE__);
-    return cow_String(last);
+    return canonical;
 }
 
 inp_KeywordEnm inp_KeywordTable::Enum(const cow_String& name) const {

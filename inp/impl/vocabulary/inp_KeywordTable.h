@@ -24,6 +24,9 @@ public:
     // The canonical name: an exact name wins, else the one name the text begins.
     // Raises inp_UnknownKeywordException or inp_AmbiguousKeywordException (line 0, no file).
     cow_String ResolveName(const cow_String& name) const;
+    // ResolveName without raising: 1 and the canonical name, 0 for an unknown name, 2 for
+    // an ambiguous one.
+    int Match(const cow_String& name, cow_String& canonical) const;
     cow_String Name(inp_KeywordEnm value) const;
     // Canonical names joined by ", ".
     cow_String KeywordEnum2String(cow_1DArrayList<int> values) const;
