@@ -36,6 +36,7 @@ Triple Place(const std::string& instance, Triple p, bool point) {
 std::string Deck(const std::string& body) {
     std::string deck =
         "*PART, NAME=P\n*NODE\n1, 0., 0., 0.\n2, 1., 0., 0.\n3, 1., 1., 0.\n4, 0., 1., 0.\n5, 2., 0., 0.\n"
+        "6, 2., 1., 0.\n"
         "*ELEMENT, TYPE=T3D2, ELSET=BAR\n1, 1, 2\n*ELEMENT, TYPE=SPRING2, ELSET=SPR\n2, 1, 2\n"
         "*ELEMENT, TYPE=SPRINGA, ELSET=SPRA\n3, 2, 3\n*ELEMENT, TYPE=DASHPOT1, ELSET=DSH\n4, 4\n"
         "*NSET, NSET=TOP\n3, 4\n*NSET, NSET=A\n5\n*SURFACE, NAME=S, TYPE=NODE\nTOP\n*END PART\n"
@@ -329,13 +330,14 @@ TEST(TransformationVisitor, ConnectorsAndCouplingsWithoutASystemGetThePartAxes) 
 }
 
 TEST(TransformationVisitor, EquationNodesGetOneTransformEach) {
-    // Node 5 has a *TRANSFORM of its own; R's nodes 1 to 5 are 6 to 10 in the flat model.
+    // Node 5 has a *TRANSFORM of its own; R's nodes 1 to 6 are 7 to 12 in the flat model.
     RenumberedModel model(Deck(
         "*TRANSFORM, NSET=A\n1., 0., 0., 0., 1., 0.\n"
         "*EQUATION\n2\n1, 1, 1., 2, 1, -1.\n"
         "*EQUATION\n3\n2, 2, 1., TOP, 2, -1.\n3, 2, 1.\n"
         "*EQUATION\n2\n1, 3, 1., 5, 3, -1.\n"
-        "*EQUATION\n2\nNOPE, 1, 1., 1.5, 1, -1.\n"));
+        "*EQUATION\n2\nNOPE, 1, 1., 1.5, 1, -1.\n"
+        "*EQUATION\n2\n6, 1, 1., 1, 1, -1.,\n"));
     Transformation run(model);
     run.Walk(model.deck.keywords);
     const cow_String r("R");
@@ -343,7 +345,8 @@ TEST(TransformationVisitor, EquationNodesGetOneTransformEach) {
         int equation;
         const char* set;  // made in front of the equation, or null
         std::vector<int> nodes;
-    } cases[] = {{0, "NONTRANSFORMED-1", {6, 7}}, {1, "NONTRANSFORMED-2", {8, 9}}, {2, nullptr, {}}, {3, nullptr, {}}};
+    } cases[] = {{0, "NONTRANSFORMED-1", {7, 8}}, {1, "NONTRANSFORMED-2", {9, 10}}, {2, nullptr, {}},
+                 {3, nullptr, {}},  {4, "NONTRANSFORMED-5", {12}}};
     for (const auto& c : cases) {
         const inp_Keyword* equation = run.Find("R", inp_kwEquation, c.equation);
         ASSERT_NE(equation, nullptr) << c.equation;
@@ -358,7 +361,7 @@ TEST(TransformationVisitor, EquationNodesGetOneTransformEach) {
         ExpectTriple(before, 0, 3, Place("R", {0, 1, 0}, false), c.set);
         EXPECT_EQ(Ids(model.nodeSets.ConstGetNestedSet(r, cow_String(c.set)).ConstGetIds()), c.nodes);
     }
-    // The third equation adds no node and makes no set, yet uses up its number.
+    // The third and fourth add no node and make no set, yet use up their numbers.
     EXPECT_FALSE(model.nodeSets.HasNestedSet(r, cow_String("NONTRANSFORMED-3")));
     EXPECT_FALSE(model.nodeSets.HasNestedSet(r, cow_String("NONTRANSFORMED-4")));
     // Counting starts again in every instance.
