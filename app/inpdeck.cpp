@@ -19,6 +19,7 @@
 #include "inp.h"
 #include "omi_Timer.h"
 #include "inpdeck_Diagnostics.h"
+#include "inpdeck_Encipher.h"
 #include "inpdeck_Json.h"
 #include "inpdeck_Progress.h"
 #include "inpdeck_Vtk.h"
@@ -32,6 +33,7 @@ using inpdeck::OneLine;
 const char kUsage[] =
     "usage: inpdeck [options] DECK\n"
     "       inpdeck keyword NAME...\n"
+    "       inpdeck encipher --password TEXT IN OUT\n"
     "       inpdeck --version | --help\n"
     "\n"
     "  DECK                read the deck and report every message on standard error,\n"
@@ -68,6 +70,9 @@ const char kUsage[] =
     "  keyword NAME        resolve a keyword name as a deck line would (any case, blanks\n"
     "                      ignored, unique abbreviations allowed) and show its canonical\n"
     "                      name, value, the keywords that may hold it and its suboptions\n"
+    "  encipher            write the file IN enciphered to OUT, for a deck to read\n"
+    "                      through *INCLUDE, INPUT=OUT, PASSWORD=TEXT; it keeps a\n"
+    "                      casual reader out, not a determined one\n"
     "  --version           print the version\n"
     "  --help              print this text\n"
     "\n"
@@ -281,6 +286,10 @@ int RunDeck(const Options& options) {
         // The later phases assume a deck that could be read.
         if (sink.ErrorCount(wip_Fatal) > 0) break;
     }
+    // Contact field output that the explicit procedure cannot write, once every phase
+    // has run (a fatal error stops them); an explicit step gets field output by default.
+    if (sink.ErrorCount(wip_Fatal) == 0 && (!options.stopAfter || !std::strcmp(options.stopAfter, "parameters")))
+        inp_ContactCheck(model.assemblySurfaces, model.keywords).PerformCheck(true);
     timer.Stop();
 
     inpdeck::DiagnosticsOptions diagnostics;
@@ -342,6 +351,7 @@ int Run(int argc, char** argv) {
         for (int i = 2; i < argc; ++i) status |= DescribeKeyword(argv[i]);
         return status;
     }
+    if (!std::strcmp(first, "encipher")) return inpdeck::Encipher(argc - 2, argv + 2);
 
     Options options;
     bool optionsEnded = false;

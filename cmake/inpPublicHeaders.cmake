@@ -46,6 +46,7 @@ set(INP_PUBLIC_HEADERS
   include/inpM_InstanceMap.h
   include/inp_keywords.def
   include/inp_keywords.h
+  inp/impl/continuation/inp_ContactCheck.h
   inp/impl/continuation/inp_ModelParameterVisitor.h
   inp/impl/deck/inp_DataArray.h
   inp/impl/deck/inp_Element.h

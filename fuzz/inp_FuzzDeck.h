@@ -4,7 +4,9 @@
 // deck, `deck.inp`, and each further piece an include file beside it, `inc1.inp`,
 // `inc2.inp` and so on, which the deck (or another include file) can name in an
 // *INCLUDE. Pieces past kMaxIncludeFiles stay in the last include file, separator and
-// all. Shared by the libFuzzer target and the corpus replay of the test suite, so that
+// all. An input that begins with the group separator byte (0x1D) has that byte dropped
+// and its include files written enciphered with the password kPassword, for an
+// `*INCLUDE, INPUT=inc1.inp, PASSWORD=secret` to read. Shared by the libFuzzer target and the corpus replay of the test suite, so that
 // a kept input runs in the test exactly as it ran in the fuzzer.
 #ifndef INP_FUZZDECK_H
 #define INP_FUZZDECK_H
@@ -22,13 +24,17 @@
 
 #include "../bench/inp_DeckPhases.h"
 #include "aio_ostream.h"
+#include "inp_CipherReader.h"
 #include "inp_Deck.h"
 #include "inp_Library.h"
+#include "nex_Exception.h"
 #include "wip_WIP.h"
 
 namespace inp_fuzz {
 
 const char kFileSeparator = '\x1c';
+const char kEncipherIncludes = '\x1d';
+const char kPassword[] = "secret";
 const int kMaxIncludeFiles = 3;
 // The reader's work limits for a fuzz input: a deck of four files that includes them
 // over and over reaches these in milliseconds, where the limits a user's deck gets
@@ -52,18 +58,34 @@ inline bool WriteBytes(const std::string& path, const char* data, std::size_t si
     return std::fclose(f) == 0 && ok;
 }
 
+// A piece that the writer refuses (a line too long for an enciphered file) goes in
+// plain, and the reader fails on it instead.
+inline bool WriteEnciphered(const std::string& path, const char* data, std::size_t size) {
+    try {
+        const cow_String text =
+            inp_CipherWriter::EncipherText(cow_String(data, static_cast<int>(size)), cow_String(kPassword));
+        return WriteBytes(path, text.c_str(), static_cast<std::size_t>(text.Length()));
+    } catch (const nex_Exception&) {
+        return WriteBytes(path, data, size);
+    }
+}
+
 // Writes the files into `dir` (which must exist) and gives the deck's path. Include
 // files that this input does not have are removed, so that no input sees the files of
 // the one before it.
 inline std::string WriteDeck(const std::string& dir, const std::uint8_t* data, std::size_t size) {
     const char* text = reinterpret_cast<const char*>(data);
-    std::size_t start = 0;
+    const bool encipher = size > 0 && text[0] == kEncipherIncludes;
+    std::size_t start = encipher ? 1 : 0;
     int piece = 0;
     for (; piece <= kMaxIncludeFiles; ++piece) {
         std::size_t end = start;
         while (end < size && (text[end] != kFileSeparator || piece == kMaxIncludeFiles)) ++end;
         const std::string name = piece == 0 ? "deck.inp" : IncludeName(piece);
-        WriteBytes(dir + "/" + name, text + start, end - start);
+        if (piece > 0 && encipher)
+            WriteEnciphered(dir + "/" + name, text + start, end - start);
+        else
+            WriteBytes(dir + "/" + name, text + start, end - start);
         if (end >= size) break;
         start = end + 1;
     }

@@ -52,6 +52,7 @@
 #include "inp_ElementUndefinedNodesError.h"
 #include "inp_ModelParameters.h"
 #include "inp_ModelParameterVisitor.h"
+#include "inp_ContactCheck.h"
 #include "inp_SetFixupVisitor.h"
 #include "inp_SurfaceFixupVisitor.h"
 #include "inp_OrientationFixupVisitor.h"

@@ -94,3 +94,16 @@ TEST(FuzzCorpus, InputsAreCutIntoADeckAndIncludeFiles) {
     const int withInclude = inp_fuzz::RunDeck(d, reinterpret_cast<const std::uint8_t*>(input.data()), input.size());
     EXPECT_EQ(withInclude, 0);
 }
+
+TEST(FuzzCorpus, AGroupSeparatorInFrontEnciphersTheIncludeFiles) {
+    inp_test::TempDir dir;
+    inp_test::InDirectory here(dir.Path());
+    const std::string d = dir.Path().string();
+    const std::string input = std::string(1, inp_fuzz::kEncipherIncludes) + "*NODE\n*INCLUDE, INPUT=inc1.inp, PASSWORD=" +
+                              inp_fuzz::kPassword + "\n" + inp_fuzz::kFileSeparator + "1, 2.\n*NSET, NSET=A\n1\n";
+    EXPECT_EQ(inp_fuzz::RunDeck(d, reinterpret_cast<const std::uint8_t*>(input.data()), input.size()), 0);
+    EXPECT_EQ(inp_test::ReadFile(dir / "deck.inp"), "*NODE\n*INCLUDE, INPUT=inc1.inp, PASSWORD=secret\n");
+    const std::string include = inp_test::ReadFile(dir / "inc1.inp");
+    EXPECT_EQ(include.rfind("** encrypted input\n", 0), 0u);
+    EXPECT_EQ(include.find("NSET"), std::string::npos);
+}

@@ -174,22 +174,6 @@ TEST(ParserInclude, AnIncludeFileThatVanishesBeforeItIsReadIsReported) {
     EXPECT_EQ(r.keywords.Count(), 0);
 }
 
-TEST(ParserInclude, EncipheredInputIsRefusedWithAMessage) {
-    TempDir dir;
-    const std::string plain = dir.Write("plain.inc", "*HEADING\n");
-    const std::string marked = dir.Write("marked.inc", "** encrypted input\n*HEADING\n");
-    InDirectory here(dir.Path());
-    // The file is lost, the including file goes on.
-    auto r = ParseFile(dir.Write("main.inp", "*INCLUDE, INPUT=plain.inc, PASSWORD=secret\n"
-                                             "*INCLUDE, INPUT=marked.inc\n*ELSET, ELSET=E\n"));
-    EXPECT_EQ(r.fatal, (std::vector<std::string>{
-                           "The encrypted input file, \"" + plain +
-                               "\", cannot be decrypted due to the following; enciphered input is not supported by "
-                               "this build. Most likely the file is corrupt or the password is incorrect.",
-                           "The encrypted input file, \"" + marked + "\", requires a password."}));
-    EXPECT_EQ(Printed(r.keywords), "*elset, elset=E\n");
-}
-
 TEST(ParserInclude, AFileThatFailsToDecipherTakesBackItsLeadingLines) {
     // The include file's leading lines reach the keyword in front of the *INCLUDE while
     // they are read; a file lost later must not leave them there.

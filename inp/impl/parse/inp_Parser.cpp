@@ -9,6 +9,7 @@
 #include <new>
 #include <string>
 
+#include "inp_CipherReader.h"
 #include "inp_Exceptions.h"
 #include "inp_KeywordLine.h"
 #include "inp_KeywordTable.h"
@@ -28,8 +29,6 @@ const int kErrorsPerFile = 25;
 // include files would otherwise make millions of them for nothing.
 const int kExpectedKeywords = 16384;
 
-const char kEncryptedMarker[] = "** encrypted input";
-
 // *INCLUDE is resolved before the expansion pass has normalised any parameter name,
 // so its two parameters carry their own lists of abbreviations.
 const char* const kInputNames[] = {"i", "in", "inp", "inpu", "input", nullptr};
@@ -40,13 +39,6 @@ bool IsOneOf(const cow_String& key, const char* const* names) {
     for (; *names; ++names)
         if (key == *names) return true;
     return false;
-}
-
-// The marker may stand anywhere in a line. Data lines seldom hold a '*' at all, and
-// looking for one first is cheaper than looking for the marker in every line.
-bool HasEncryptedMarker(const char* line) {
-    const char* star = strchr(line, '*');
-    return star && strstr(star, kEncryptedMarker);
 }
 
 bool IsLineBlank(char c) { return c == ' ' || c == '\t' || c == '\r'; }
@@ -151,9 +143,7 @@ inp_Parser::inp_Parser(const cow_String& fileName, const cow_String& includeDire
       m_eof(false),
       m_password(password),
       m_hasPassword(!password.IsEmpty()),
-      m_atFirstEncryptedLine(true),
       m_checkHeader(checkHeader),
-      m_decryptionTime(0.0),
       m_keywords(enclosingFiles.IsEmpty() ? kExpectedKeywords : 0),
       m_enclosingFiles(enclosingFiles),
       m_leadingCount(0),
@@ -212,7 +202,10 @@ const char* inp_Parser::ReadLine() {
     // The limit bit, not the length of the text, tells that the line goes on: a line
     // with a NUL byte in it looks shorter than it was read.
     if (state & limitbit) DropRestOfLine();
-    if (m_hasPassword || HasEncryptedMarker(m_buffer)) DecryptLine(m_buffer);
+    if (m_hasPassword || inp_CipherReader::HasMarker(m_buffer)) {
+        if (!m_cipher) m_cipher.reset(new inp_CipherReader(m_password, m_checkHeader));
+        m_cipher->DecryptLine(m_buffer, sizeof m_buffer, m_lineNumber, m_fileName);
+    }
 
     char* begin = m_buffer;
     char* end = m_buffer + strlen(m_buffer);
@@ -277,29 +270,6 @@ void inp_Parser::SkipToKeyword(bool collect) {
     }
 }
 
-void inp_Parser::DecryptLine(char* buffer) {
-    if (m_password.IsEmpty()) {
-        inp_EncryptionException(m_lineNumber, m_fileName,
-                                atr_Format("The encrypted input file, \"%s\", requires a password.", m_fileName))
-            .Throw(__FILE__, __LINE__);
-    }
-    const char* p = buffer;
-    while (*p == ' ' || *p == '\t') ++p;
-    if (p[0] == '*' && p[1] == '*') return;  // comments of an enciphered file stay plain
-    m_atFirstEncryptedLine = false;
-    // Deciphering (base64 and the rotor keyed by the password) is not in this build, so
-    // a cipher line reads as a line that fails to decode.
-    if (m_checkHeader) {
-        atr_translate t(
-            "The encrypted input file, \"%1$s\", cannot be decrypted due to the following; %2$s. Most likely the "
-            "file is corrupt or the password is incorrect.");
-        atr_SubstituteFormat(t, 1, m_fileName);
-        atr_SubstituteFormat(t, 2, "enciphered input is not supported by this build");
-        inp_EncryptionException(m_lineNumber, m_fileName, t.Result()).Throw(__FILE__, __LINE__);
-    }
-    buffer[0] = '\0';
-}
-
 // ---- the parse loop ---------------------------------------------------------------
 
 cow_1DArrayList<inp_Keyword> inp_Parser::Parse(bool strict) {
@@ -347,7 +317,8 @@ cow_1DArrayList<inp_Keyword> inp_Parser::Parse(bool strict) {
         pnt_PrettyPrint& debug = pnt_debugPrint();
         debug.StartDebug(__FILE__, __LINE__);
         debug << "Parse - File: " << m_fileName << "  Elapsed time: " << timer.GetElapsedTime()
-              << "  Decryption time: " << m_decryptionTime << "  CPU time: " << timer.GetTotalCpuTime() << endl;
+              << "  Decryption time: " << (m_cipher ? m_cipher->DecryptionTime() : 0.0)
+              << "  CPU time: " << timer.GetTotalCpuTime() << endl;
         debug.EndDebug();
     }
 

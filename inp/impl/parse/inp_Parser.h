@@ -9,7 +9,9 @@
 // take the place of the `*INCLUDE`; the include keyword itself never reaches the deck.
 // Data runs across file boundaries both ways: lines at the top of an include file
 // belong to the keyword before the `*INCLUDE`, and lines behind the `*INCLUDE` to the
-// last keyword the include file gave.
+// last keyword the include file gave. `PASSWORD=` goes with an enciphered include
+// file (inp_CipherReader), whose lines are turned into plain text as they are read;
+// the password serves that file alone, not the files it includes.
 //
 // A deck is reported on, never refused. A bad keyword is dropped with its data lines
 // and reading goes on at the next keyword line; what went wrong lands in two lists,
@@ -19,6 +21,7 @@
 #ifndef INP_PARSER_H
 #define INP_PARSER_H
 
+#include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -31,6 +34,8 @@
 #include "cow_String.h"
 #include "inp_DataArray.h"
 #include "inp_Keyword.h"
+
+class inp_CipherReader;
 
 class inp_Parser : public aio_ifstream {
 public:
@@ -103,9 +108,6 @@ private:
     // are read, instead of into m_leadingText. Only a raw array is taken.
     void StreamLeadingLinesTo(const inp_DataArray& target);
 
-    // Where an enciphered line would be turned into plain text.
-    void DecryptLine(char* buffer);
-
     // Looks at the start of the file before it is read: a UTF-8 byte order mark is
     // stepped over, and a file that will read as nothing that makes sense is warned of.
     void CheckHead();
@@ -134,9 +136,9 @@ private:
     char m_buffer[kLineLimit + 2];
     cow_String m_password;
     bool m_hasPassword;
-    bool m_atFirstEncryptedLine;
     bool m_checkHeader;
-    double m_decryptionTime;
+    // Made at the first line that needs it: most files are plain.
+    std::unique_ptr<inp_CipherReader> m_cipher;
     cow_1DArrayList<inp_Keyword> m_keywords;
     cow_1DArrayList<cow_String> m_enclosingFiles;
     // Leading lines, each behind a NUL, in one growing text: they are few in a main
