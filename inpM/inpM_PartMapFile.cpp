@@ -476,7 +476,7 @@ inpM_PartMapFile::Problem inpM_PartMapFile::FromBytes(const unsigned char* bytes
         return Fail(kNewerVersion, kVersionAt,
                     file + " has format version " + Decimal(version) + " at byte " + Decimal(kVersionAt) +
                         ", newer than version " + Decimal(kFormatVersion) + " that this program reads");
-    const std::uint64_t length = header.U64();
+    const std::uint64_t length = Reader(bytes, kHeaderSize, kLengthAt).U64();
     if (length > size - kHeaderSize - kChecksumSize) {
         // A length near the top of the range is damage, not a file; it still reads as one too long.
         const unsigned long long most = ~0ull - kHeaderSize - kChecksumSize;
