@@ -21,15 +21,6 @@ constexpr int kMaxDepth = 32;
 
 enum SetKind : unsigned char { kSortedSet = 0, kUnsortedSet = 1 };
 
-std::uint64_t Checksum(const unsigned char* bytes, std::size_t size) {
-    std::uint64_t hash = 14695981039346656037ull;  // FNV-1a, 64 bits
-    for (std::size_t i = 0; i < size; ++i) {
-        hash ^= bytes[i];
-        hash *= 1099511628211ull;
-    }
-    return hash;
-}
-
 // ---- writing
 
 class Writer {
@@ -420,6 +411,15 @@ cow_String Decimal(unsigned long long v) {
 }
 
 }  // namespace
+
+std::uint64_t inpM_PartMapFile::Checksum(const unsigned char* bytes, std::size_t size) {
+    std::uint64_t hash = 14695981039346656037ull;  // FNV-1a, 64 bits
+    for (std::size_t i = 0; i < size; ++i) {
+        hash ^= bytes[i];
+        hash *= 1099511628211ull;
+    }
+    return hash;
+}
 
 std::vector<unsigned char> inpM_PartMapFile::ToBytes(const inpM_PartMap& map) {
     Writer body;

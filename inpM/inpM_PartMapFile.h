@@ -31,6 +31,8 @@ public:
     static const char kMagic[8];
 
     static std::vector<unsigned char> ToBytes(const inpM_PartMap& map);
+    // The checksum of a file over its first `size` bytes, everything before the checksum.
+    static std::uint64_t Checksum(const unsigned char* bytes, std::size_t size);
     // `name` names the bytes in messages. On any problem `map` is left alone.
     Problem FromBytes(const unsigned char* bytes, std::size_t size, inpM_PartMap& map,
                       const cow_String& name = cow_String("part map"));

@@ -195,8 +195,7 @@ TEST(PartMapFile, BodyThatDoesNotHoldTogetherIsCorrupt) {
         Bytes bytes(empty.begin(), empty.begin() + 12);
         for (int i = 0; i < 8; ++i) bytes.push_back(static_cast<unsigned char>((body.size() >> (8 * i)) & 0xff));
         bytes.insert(bytes.end(), body.begin(), body.end());
-        unsigned long long hash = 14695981039346656037ull;
-        for (unsigned char b : bytes) hash = (hash ^ b) * 1099511628211ull;
+        const unsigned long long hash = inpM_PartMapFile::Checksum(bytes.data(), bytes.size());
         for (int i = 0; i < 8; ++i) bytes.push_back(static_cast<unsigned char>((hash >> (8 * i)) & 0xff));
         return bytes;
     };
