@@ -54,13 +54,22 @@ bench-large: | $(BUILD)/build.ninja
 	cmake --build $(BUILD) -j $(JOBS) --target inp_bench inpdeck
 	./$(BUILD)/inp_bench --sizes 100,200 --variants flat --out docs/performance-large.md
 
-# libFuzzer with ASan and UBSan, clang only. New inputs collect in $(FUZZ_BUILD)/corpus;
+# libFuzzer with ASan and UBSan, clang only. New inputs collect in $(FUZZ_BUILD)/corpus
+# (corpus-partmap for the part map target);
 # findings land in $(FUZZ_BUILD)/artifacts. Paths are absolute because the target
 # works in a directory of its own. FUZZ_TARGET=inp_fuzz_roundtrip fuzzes the round trip
-# of printing instead. An input of 64 KB that takes a second is a quadratic one.
+# of printing instead, FUZZ_TARGET=inp_fuzz_partmap the reader of part map files, which
+# starts from files of its own. An input of 64 KB that takes a second is a quadratic one.
 # Entropic scheduling is off: with a library this size its bookkeeping took a third of
 # the run, and without it the same minutes run some 40 % more inputs and reach further.
 FUZZ_TARGET ?= inp_fuzz_deck
+ifeq ($(FUZZ_TARGET),inp_fuzz_partmap)
+FUZZ_SEEDS ?= $(CURDIR)/fuzz/partmap-seeds
+FUZZ_CORPUS ?= corpus-partmap
+else
+FUZZ_SEEDS ?= $(CURDIR)/fuzz/seeds $(CURDIR)/examples $(CURDIR)/tests/fuzz-corpus
+FUZZ_CORPUS ?= corpus
+endif
 # Short allocation stacks and a small quarantine: a finding is replayed under the ASan
 # build of the test suite for its full report, and the fuzzer runs half again as fast.
 FUZZ_ASAN_OPTIONS ?= detect_leaks=1:malloc_context_size=5:quarantine_size_mb=16
@@ -68,12 +77,12 @@ fuzz:
 	cmake -S . -B $(FUZZ_BUILD) $(CMAKE_GEN) -DCMAKE_BUILD_TYPE=RelWithDebInfo \
 	  -DCMAKE_CXX_COMPILER=clang++ -DINP_FUZZ=ON
 	cmake --build $(FUZZ_BUILD) -j $(JOBS) --target $(FUZZ_TARGET)
-	mkdir -p $(FUZZ_BUILD)/corpus $(FUZZ_BUILD)/artifacts
+	mkdir -p $(FUZZ_BUILD)/$(FUZZ_CORPUS) $(FUZZ_BUILD)/artifacts
 	cd $(FUZZ_BUILD) && ASAN_OPTIONS=$(FUZZ_ASAN_OPTIONS) $(CURDIR)/$(FUZZ_BUILD)/$(FUZZ_TARGET) \
 	  -max_total_time=$(FUZZ_SECONDS) -jobs=$(FUZZ_JOBS) -workers=$(FUZZ_JOBS) \
 	  -timeout=1 -rss_limit_mb=4096 -max_len=65536 -entropic=0 -print_final_stats=1 \
 	  -artifact_prefix=$(CURDIR)/$(FUZZ_BUILD)/artifacts/ \
-	  $(CURDIR)/$(FUZZ_BUILD)/corpus $(CURDIR)/fuzz/seeds $(CURDIR)/examples $(CURDIR)/tests/fuzz-corpus
+	  $(CURDIR)/$(FUZZ_BUILD)/$(FUZZ_CORPUS) $(FUZZ_SEEDS)
 
 clean:
 	rm -rf $(BUILD) $(ASAN_BUILD) $(FUZZ_BUILD)

@@ -18,6 +18,7 @@
 #include "aio_ostream.h"
 #include "inp.h"
 #include "omi_Timer.h"
+#include "inpdeck_Continuation.h"
 #include "inpdeck_Diagnostics.h"
 #include "inpdeck_Encipher.h"
 #include "inpdeck_Json.h"
@@ -63,6 +64,12 @@ const char kUsage[] =
     "  --diagnostics=gnu   a message whose text names a file and line is written as\n"
     "                      FILE:LINE: error: TEXT (or warning:), as compilers do, for\n"
     "                      editors to jump to; the others as before\n"
+    "  --save-partmap FILE write the part map of the job to FILE once its model is\n"
+    "                      complete, for a restart or import job to start from\n"
+    "  --oldpartmap FILE   run a continuation job (restart or import) on the model of\n"
+    "                      the job that wrote FILE with --save-partmap\n"
+    "  --indir DIR         the directory of the earlier job's results (import)\n"
+    "  --oldjob NAME       the earlier job to import from, where the deck names none\n"
     "  -v                  tell each phase as it ends, with its time and MB/s; on a\n"
     "                      terminal a phase longer than a second shows its progress\n"
     "  --quiet             leave out the model report: only the messages and the\n"
@@ -90,7 +97,7 @@ struct Phase {
 const Phase kPhases[] = {
     {"parse", [](inp_Deck& deck, const char* file) { deck.Parse(file); }},
     {"expand", [](inp_Deck& deck, const char*) { deck.ExpandKeywords(); }},
-    {"organize", [](inp_Deck& deck, const char*) { deck.Classify(!simpleConversion); }},
+    {"organize", [](inp_Deck& deck, const char*) { inpdeck::Organize(deck, !simpleConversion); }},
     {"check", [](inp_Deck& deck, const char*) { deck.CheckOutOfPlace(); }},
     {"parameters", [](inp_Deck& deck, const char*) { deck.setModelParameters(); }},
     {nullptr, nullptr},
@@ -149,6 +156,7 @@ struct Options {
     bool gnuDiagnostics = false;
     bool verbose = false;
     int maxMessages = 1000;  // 0: all
+    inpdeck::ContinuationOptions continuation;
 };
 
 // Why the deck file cannot be read, or null when it can.
@@ -248,6 +256,7 @@ int RunDeck(const Options& options) {
         std::fprintf(stderr, "inpdeck: cannot read deck \"%s\": %s\n", OneLine(options.deck).c_str(), why);
         return 2;
     }
+    if (int prepared = inpdeck::PrepareContinuation(options.continuation)) return prepared;
 
     inp_Deck model;
     if (options.includeDirectory) {
@@ -304,6 +313,7 @@ int RunDeck(const Options& options) {
         int printed = PrintDeck(model, options.printTo);
         if (printed) status = printed;
     }
+    if (int saved = inpdeck::SaveContinuation(options.continuation, model)) status = saved;
     if (options.jsonTo) {
         progress.Begin("json");
         const std::string deckName = options.deck;
@@ -379,6 +389,13 @@ int Run(int argc, char** argv) {
                 const long n = std::strtol(value, &end, 10);
                 if (!*value || *end || n < 0 || n > 2147483647L) return UsageError("invalid message count: ", value);
                 options.maxMessages = static_cast<int>(n);
+            } else if (!std::strcmp(arg, "--save-partmap") || !std::strcmp(arg, "--oldpartmap") ||
+                       !std::strcmp(arg, "--indir") || !std::strcmp(arg, "--oldjob")) {
+                if (i + 1 >= argc) return UsageError("missing value after ", arg);
+                inpdeck::ContinuationOptions& c = options.continuation;
+                const char* value = argv[++i];
+                (arg[2] == 's' ? c.savePartMap : arg[2] == 'i' ? c.inputDirectory
+                                             : !std::strcmp(arg, "--oldjob") ? c.oldJob : c.oldPartMap) = value;
             } else if (!std::strcmp(arg, "--json") || !std::strcmp(arg, "--vtk")) {
                 if (i + 1 >= argc) return UsageError("missing value after ", arg);
                 (arg[2] == 'j' ? options.jsonTo : options.vtkTo) = argv[++i];

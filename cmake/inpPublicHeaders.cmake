@@ -47,7 +47,11 @@ set(INP_PUBLIC_HEADERS
   include/inp_keywords.def
   include/inp_keywords.h
   inp/impl/continuation/inp_ContactCheck.h
+  inp/impl/continuation/inp_ImportKwdData.h
+  inp/impl/continuation/inp_ImportValidityVisitor.h
   inp/impl/continuation/inp_ModelParameterVisitor.h
+  inp/impl/continuation/inp_RestartSetVisitor.h
+  inp/impl/continuation/inp_RestartSurfaceVisitor.h
   inp/impl/deck/inp_DataArray.h
   inp/impl/deck/inp_Element.h
   inp/impl/deck/inp_Exceptions.h
@@ -89,6 +93,7 @@ set(INP_PUBLIC_HEADERS
   inpM/inpM_OmiSet.h
   inpM/inpM_PartInstanceSurface.h
   inpM/inpM_PartMap.h
+  inpM/inpM_PartMapFile.h
   inpM/inpM_SetMap.h
   inpM/inpM_SurfaceMap.h
   inpM/inpM_Utils.h

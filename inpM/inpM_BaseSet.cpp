@@ -195,6 +195,16 @@ cow_List<cow_String> inpM_SortedSet::GatherRootLevelInstanceNames() const {
     return names.Sort();
 }
 
+cow_List<cow_String> inpM_SortedSet::NestedSetNames() const { return inpM_Utils::SortedKeys(m_nestedSets); }
+
+const inpM_SortedSet& inpM_SortedSet::ConstGetNestedSet(const cow_String& instance) const {
+    return m_nestedSets.ConstGet(instance).ConstGet();
+}
+
+void inpM_SortedSet::InsertNestedSet(const cow_String& instance, const inpM_SortedSet& set) {
+    m_nestedSets.Insert(instance, NestedHandle(new inpM_SortedSet(set)));
+}
+
 // ---- inpM_UnsortedSet
 
 void inpM_UnsortedSet::Print(aio_ostream& out) const { PrintSet(out, *this, "unsorted set"); }

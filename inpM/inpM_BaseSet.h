@@ -101,6 +101,14 @@ public:
     cow_List<cow_String> GatherRootLevelInstanceNames() const override;
     inpM_SortedSet GetSortedSetEquivalent() const override { return *this; }
 
+    // The levels below an instance's own ids, kept apart from them: what a writer of
+    // the set needs to give it back as it was. Names ascending; the name must be one
+    // of them for ConstGetNestedSet.
+    cow_List<cow_String> NestedSetNames() const;
+    const inpM_SortedSet& ConstGetNestedSet(const cow_String& instance) const;
+    // Replaces what stood below the instance.
+    void InsertNestedSet(const cow_String& instance, const inpM_SortedSet& set);
+
 private:
     inpM_OmiSet m_ids;
     // Ids that belong to instances of an instance: only a set added whole under

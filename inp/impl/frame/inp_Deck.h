@@ -25,6 +25,7 @@
 #include "omi_IntTable.h"
 
 class aio_ostream;
+class inpM_PartMap;
 
 class inp_Deck {
 public:
@@ -63,6 +64,14 @@ public:
     // rules of parts and rigid bodies need an assembly deck and read the element maps;
     // the block checks run on any deck. Changes nothing in the deck.
     void CheckOutOfPlace();
+    // A continuation job, in the place of Classify: the model of the earlier job becomes
+    // the deck's. A deck that only adds sets and surfaces keeps its flat list for the
+    // driver's restart passes; any other is converted and organized like a flat deck.
+    // The part map loses its redundant internal sets in a job with *SYMMETRIC MODEL
+    // GENERATION.
+    void InheritPartMap(inpM_PartMap& partMap, bool fullConversion);
+    // isPureRestart and the three flags of what makes a continuation deck impure.
+    void ClassifyRestartJob();
     // The deck-wide numbers and flags of modelParameters; raises them, never lowers.
     void setModelParameters();
     // Writes the normal form of the deck, which Parse reads back to the same keywords.
@@ -126,6 +135,8 @@ private:
     // The mesh of the parts stands in the part maps, not in the keywords.
     bool meshInPartMaps = false;
 
+    // The inherited sets cut down to those the *IMPORT NSET and *IMPORT ELSET keywords name.
+    void KeepImportedSets();
     // *IMPORT beside *MAP SOLUTION, and an import job that cannot be served.
     void CheckImportUse(bool skipImportRules);
     // Defined names (sets, surfaces, orientations, parts, instances, the assembly) with

@@ -139,7 +139,9 @@ bool inp_SetVisitor::IsValidScope(const cow_String&) const { return true; }
 void inp_SetVisitor::DefaultAction(inp_Keyword&) {}
 
 cow_String inp_SetVisitor::SetKeywordName() const {
-    return cow_String(KeywordName() == "*NODE" ? "*NSET" : "*ELSET");
+    const cow_String owner = KeywordName();
+    // A restart pass names the set keyword itself.
+    return cow_String(owner == "*NODE" || owner == "*NSET" ? "*NSET" : "*ELSET");
 }
 
 void inp_SetVisitor::RequireScope() const {
