@@ -115,7 +115,9 @@ void Rewrite(Keywords& keywords, const FlatModel& model, const inp_FlatNames& na
     inp_FlattenSetVisitor sets(model.nodeSets, model.elementSets, model.nodeIds, model.elementIds,
                                deck.modelParameters, names);
     inp_FlattenSurfaceVisitor surfaces(model.surfaces, names);
-    for (inp_Visitor* pass : {static_cast<inp_Visitor*>(&sets), static_cast<inp_Visitor*>(&surfaces)}) {
+    inp_FlattenOrientationVisitor orientations(names);
+    for (inp_Visitor* pass : {static_cast<inp_Visitor*>(&sets), static_cast<inp_Visitor*>(&surfaces),
+                              static_cast<inp_Visitor*>(&orientations)}) {
         // A few positions raise a bad reference out of the walk; the keywords after
         // it keep what they had.
         try {
@@ -448,7 +450,8 @@ bool WriteFlatDeck(aio_ostream& out, inp_Deck& deck, Messages& messages) {
     } else {
         FlatModel model = Renumbered(deck, deck.keywords, messages);
         Keywords keywords = InGlobalAxes(Placed(deck.keywords), model, deck, messages);
-        const inp_FlatNames names(model.nodeSets, model.elementSets, model.surfaces);
+        inp_FlatNames names(model.nodeSets, model.elementSets, model.surfaces);
+        names.AddDefinitions(keywords);
         Rewrite(keywords, model, names, deck, messages);
         Writer(out, model, names, messages).Keywords(keywords);
     }

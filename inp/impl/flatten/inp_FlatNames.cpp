@@ -1,7 +1,44 @@
 #include "inp_FlatNames.h"
 
+#include <vector>
+
 #include "inpM_Utils.h"
+#include "inp_Item.h"
+#include "inp_OrientationFixupVisitor.h"
 #include "inp_Utils.h"
+
+namespace {
+
+using Definitions = std::map<std::string, std::vector<cow_String>>;
+
+// The keywords whose "name" the orientation fixup treats as a definition.
+bool Defines(const inp_Keyword& keyword) {
+    switch (keyword.keyword) {
+#define INP_FLATNAMES_CASE(Ident) case inp_kw##Ident:
+        INP_ORIENTFIXUP_NAME_PARAMETER(INP_FLATNAMES_CASE)
+#undef INP_FLATNAMES_CASE
+        return true;
+        default:
+            return false;
+    }
+}
+
+void GatherDefinitions(const cow_1DArrayList<inp_Keyword>& keywords, const std::string& scope, Definitions& out) {
+    for (int i = 0; i < keywords.Count(); ++i) {
+        const inp_Keyword& keyword = keywords[i];
+        std::string inner = scope;
+        if (keyword.keyword == inp_kwInstance) {
+            const inp_Item* name = keyword.parameters.Lookup(cow_String("name"));
+            inner = name ? name->AsString().c_str() : "";
+        } else if (Defines(keyword)) {
+            if (const inp_Item* name = keyword.parameters.Lookup(cow_String("name")))
+                out[scope].push_back(name->AsString());
+        }
+        GatherDefinitions(keyword.suboptions, inner, out);
+    }
+}
+
+}  // namespace
 
 inp_FlatNames::inp_FlatNames(const inpM_SetMap& nodeSets, const inpM_SetMap& elementSets,
                              const inpM_SurfaceMap& surfaces) {
@@ -21,6 +58,14 @@ inp_FlatNames::inp_FlatNames(const inpM_SetMap& nodeSets, const inpM_SetMap& ele
         const cow_List<cow_String> names = inpM_Utils::SortedKeys(surfaces.ConstGetPartInstanceSurfaceMap(scopes[i]));
         for (int k = 0; k < names.Count(); ++k) Add(kSurface, scopes[i], names[k]);
     }
+}
+
+void inp_FlatNames::AddDefinitions(const cow_1DArrayList<inp_Keyword>& keywords) {
+    Definitions definitions;
+    GatherDefinitions(keywords, std::string(), definitions);
+    // The empty scope sorts first.
+    for (const auto& scope : definitions)
+        for (const cow_String& name : scope.second) Add(kOrientation, cow_String(scope.first.c_str()), name);
 }
 
 void inp_FlatNames::AddSets(Kind kind, const inpM_SetMap& sets) {

@@ -7,8 +7,10 @@
 // instance that came first, the first free of `_2`, `_3` and so on is appended. The
 // instances come in ascending byte order of their names and the names of each likewise,
 // so that one model gives the same names on every run. Node sets, element sets and
-// surfaces are three vocabularies of their own in a deck, and so they are here: a node
-// set and an element set may share a flat name.
+// surfaces are vocabularies of their own in a deck, and so they are here: a node set and
+// an element set may share a flat name. The fourth vocabulary holds the names that the
+// orientation fixup rewrites (orientations, cavities, fluid behaviors and their kind),
+// which keywords define rather than the maps.
 #ifndef INP_FLATNAMES_H
 #define INP_FLATNAMES_H
 
@@ -17,18 +19,24 @@
 #include <string>
 #include <utility>
 
+#include "cow_1DArrayList.h"
 #include "cow_String.h"
+#include "inp_Keyword.h"
 #include "inpM_SetMap.h"
 #include "inpM_SurfaceMap.h"
 
 class inp_FlatNames {
 public:
-    enum Kind { kNodeSet, kElementSet, kSurface };
+    enum Kind { kNodeSet, kElementSet, kSurface, kOrientation };
 
     inp_FlatNames() = default;
     // Every set and surface of the maps, the assembly level first.
     inp_FlatNames(const inpM_SetMap& nodeSets, const inpM_SetMap& elementSets, const inpM_SurfaceMap& surfaces);
 
+    // The orientations and their kind that the keywords define, in the scope of the
+    // *INSTANCE block they stand in: those outside every instance first, then instance by
+    // instance.
+    void AddDefinitions(const cow_1DArrayList<inp_Keyword>& keywords);
     // The flat name of `name` in `scope` (empty for the assembly level); the one given
     // before when the name is known already. The order of the calls decides who keeps
     // a name that two would take.
@@ -43,7 +51,7 @@ private:
     };
     void AddSets(Kind kind, const inpM_SetMap& sets);
 
-    Vocabulary m_vocabularies[3];
+    Vocabulary m_vocabularies[4];
 };
 
 #endif

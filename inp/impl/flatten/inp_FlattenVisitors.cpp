@@ -66,3 +66,11 @@ cow_String inp_FlattenSurfaceVisitor::ReplaceSurfaceName(const cow_String& name,
     const cow_String* flat = m_names.Find(inp_FlatNames::kSurface, at.scope, at.name);
     return flat ? *flat : name;
 }
+
+inp_FlattenOrientationVisitor::inp_FlattenOrientationVisitor(const inp_FlatNames& names) : m_names(names) {}
+
+cow_String inp_FlattenOrientationVisitor::ReplaceOrientationName(const cow_String& name) {
+    const Scoped at = InScope(name, instanceName);
+    const cow_String* flat = m_names.Find(inp_FlatNames::kOrientation, at.scope, at.name);
+    return flat ? *flat : name;
+}

@@ -12,6 +12,7 @@
 #define INP_FLATTENVISITORS_H
 
 #include "inp_FlatNames.h"
+#include "inp_OrientationFixupVisitor.h"
 #include "inp_SetFixupVisitor.h"
 #include "inp_SurfaceFixupVisitor.h"
 
@@ -44,6 +45,20 @@ protected:
     // A name that is no surface of the scope is kept.
     cow_String ReplaceSurfaceName(const cow_String& name, const cow_String& assemblyName,
                                   const cow_String& instanceName, const cow_String& partName) const override;
+
+private:
+    const inp_FlatNames& m_names;
+};
+
+class inp_FlattenOrientationVisitor : public inp_OrientationFixupVisitor {
+public:
+    // `names` must outlive the visitor; its definitions are added already.
+    explicit inp_FlattenOrientationVisitor(const inp_FlatNames& names);
+
+protected:
+    // A name that no keyword defines in the scope is kept: a solver's own, or one of the
+    // assembly level named from inside an instance.
+    cow_String ReplaceOrientationName(const cow_String& name) override;
 
 private:
     const inp_FlatNames& m_names;
