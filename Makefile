@@ -11,7 +11,7 @@ FUZZ_JOBS  ?= 1
 BENCH_ARGS ?=
 PREFIX     ?= /usr/local
 
-.PHONY: all build run test asan bench fuzz install clean
+.PHONY: all build run test asan bench bench-large fuzz install clean
 
 all: build
 
@@ -45,6 +45,14 @@ bench: | $(BUILD)/build.ninja
 	cmake -S . -B $(BUILD) -DCMAKE_BUILD_TYPE=RelWithDebInfo
 	cmake --build $(BUILD) -j $(JOBS) --target inp_bench inpdeck
 	./$(BUILD)/inp_bench $(BENCH_ARGS)
+
+# The flat deck at 100^3 and at 200^3 (8 M elements, 0.9 GB, written once and kept in
+# $(BUILD)/bench), to show how time and memory grow with the deck; written to
+# docs/performance-large.md. Needs some 4 GB of memory and a few minutes.
+bench-large: | $(BUILD)/build.ninja
+	cmake -S . -B $(BUILD) -DCMAKE_BUILD_TYPE=RelWithDebInfo
+	cmake --build $(BUILD) -j $(JOBS) --target inp_bench inpdeck
+	./$(BUILD)/inp_bench --sizes 100,200 --variants flat --out docs/performance-large.md
 
 # libFuzzer with ASan and UBSan, clang only. New inputs collect in $(FUZZ_BUILD)/corpus;
 # findings land in $(FUZZ_BUILD)/artifacts. Paths are absolute because the target

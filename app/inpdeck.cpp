@@ -182,7 +182,7 @@ int PrintDeck(inp_Deck& model, const char* target) {
     if (!std::strcmp(target, "-")) {
         aio_ostdstream out(stdout);
         model.Print(out);
-        out.flush();
+        out.sync();
         if (out.fail()) {
             std::fprintf(stderr, "inpdeck: cannot write the deck to standard output\n");
             return 2;

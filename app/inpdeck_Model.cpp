@@ -99,7 +99,10 @@ Placement ReadPlacement(const gsl_Matrix& m) {
     gsl_Vector axis;
     double angle = 0.0;
     m.GetAxisRotation(point, axis, angle);
-    const double translation[3] = {t.x, t.y, t.z}, at[3] = {point.x, point.y, point.z},
+    // Shown as *INSTANCE writes it: the whole translation first, then the rotation
+    // about the axis through the point the origin went to, which rebuilds the same
+    // motion as the axis through `point` does.
+    const double translation[3] = {t.x, t.y, t.z}, at[3] = {t.x, t.y, t.z},
                  direction[3] = {axis.x, axis.y, axis.z};
     for (int i = 0; i < 3; ++i) {
         p.translation[i] = translation[i];

@@ -79,6 +79,8 @@ set(INP_PUBLIC_HEADERS
   inp/impl/model/inp_SurfaceVisitor.h
   inp/impl/parse/inp_Parser.h
   inp/impl/structure/inp_PartInventoryVisitor.h
+  inp/impl/transform/inp_RefNodeVisitors.h
+  inp/impl/transform/inp_TransformationVisitor.h
   inp/impl/vocabulary/inp_KeywordTable.h
   inp/impl/vocabulary/inp_Visitor.h
   inpM/inpM_AssemblyInstanceSurface.h

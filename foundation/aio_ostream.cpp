@@ -2,12 +2,17 @@
 
 #include <cstring>
 #include <new>
+#include <unistd.h>
 
 namespace {
-const std::size_t kFileBufferSize = 64 * 1024;
+const std::size_t kFileBufferSize = 256 * 1024;
+
+// Whether a standard stream may have someone reading it line by line.
+bool IsInteractive(std::FILE* file) { return file && isatty(fileno(file)); }
 }  // namespace
 
-aio_ostream::aio_ostream(std::size_t bufferSize) : m_capacity(bufferSize), m_used(0), m_triedBuffer(false) {}
+aio_ostream::aio_ostream(std::size_t bufferSize, bool blockFlush)
+    : m_capacity(bufferSize), m_used(0), m_triedBuffer(false), m_blockFlush(blockFlush) {}
 
 void aio_ostream::FlushBuffer() {
     if (m_used == 0) return;
@@ -61,6 +66,11 @@ aio_ostream& aio_ostream::put(char c) {
 }
 
 aio_ostream& aio_ostream::flush() {
+    if (m_blockFlush && m_buffer) return *this;
+    return sync();
+}
+
+aio_ostream& aio_ostream::sync() {
     FlushBuffer();
     if (!SinkFlush()) state |= failbit;
     return *this;
@@ -78,7 +88,7 @@ aio_ostream& operator<<(aio_ostream& out, const char* text) { return out.print(t
 aio_ostream& operator<<(aio_ostream& out, char c) { return out.put(c); }
 aio_ostream& operator<<(aio_ostream& out, int value) { return out.print_int(value); }
 
-aio_ofstream::aio_ofstream() : aio_ostream(kFileBufferSize), m_file(nullptr) {}
+aio_ofstream::aio_ofstream() : aio_ostream(kFileBufferSize, true), m_file(nullptr) {}
 
 aio_ofstream::aio_ofstream(const char* name) : aio_ofstream() { open(name); }
 
@@ -107,7 +117,8 @@ bool aio_ofstream::Sink(const char* data, std::size_t size) {
 
 bool aio_ofstream::SinkFlush() { return m_file && std::fflush(m_file) == 0; }
 
-aio_ostdstream::aio_ostdstream(std::FILE* file) : aio_ostream(kFileBufferSize), m_file(file) {
+aio_ostdstream::aio_ostdstream(std::FILE* file)
+    : aio_ostream(kFileBufferSize, !IsInteractive(file)), m_file(file) {
     if (!m_file) state |= failbit;
 }
 
@@ -115,7 +126,7 @@ aio_ostdstream::~aio_ostdstream() { close(); }
 
 void aio_ostdstream::close() {
     if (!m_file) return;
-    flush();
+    sync();
     m_file = nullptr;
 }
 

@@ -1,8 +1,11 @@
 // Output streams: where the printed deck and the driver's reports go.
 //
-// Writes collect in a buffer and go to the destination when it is full, on flush,
-// and when the stream closes or is destroyed. A write that the destination refuses
-// sets failbit; the bytes are lost and later writes are still tried.
+// Writes collect in a buffer and go to the destination when it is full, on sync, and
+// when the stream closes or is destroyed. A flush hands the buffer on too where someone
+// may be watching the destination as it fills (a terminal); a file or a pipe gets its
+// bytes in large blocks instead, since the deck printer flushes every line and a
+// million lines must not cost a million system calls. A write that the destination
+// refuses sets failbit; the bytes are lost and later writes are still tried.
 #ifndef AIO_OSTREAM_H
 #define AIO_OSTREAM_H
 
@@ -20,11 +23,15 @@ public:
     aio_ostream& write(const char* data, std::size_t size);
     aio_ostream& print_int(int value);
     aio_ostream& put(char c);
+    // The end of a unit of output: see above for when the bytes go out.
     aio_ostream& flush();
+    // Hands everything written so far to the destination, whatever it is.
+    aio_ostream& sync();
 
 protected:
-    // bufferSize 0: every write goes to Sink at once.
-    explicit aio_ostream(std::size_t bufferSize);
+    // bufferSize 0: every write goes to Sink at once. `blockFlush`: flush leaves the
+    // buffer to fill.
+    explicit aio_ostream(std::size_t bufferSize, bool blockFlush = false);
 
     // Hands bytes to the destination; false if it refused them.
     virtual bool Sink(const char* data, std::size_t size) = 0;
@@ -40,6 +47,7 @@ private:
     std::size_t m_capacity;
     std::size_t m_used;
     bool m_triedBuffer;
+    bool m_blockFlush;
 };
 
 aio_ostream& operator<<(aio_ostream& out, const cow_String& text);

@@ -80,7 +80,7 @@ void gsl_Matrix::AxisRotation(const gsl_Point& point, const gsl_Vector& axis, do
 
 void gsl_Matrix::GetAxisRotation(gsl_Point& point, gsl_Vector& axis, double& angle) const
 {
-    point = gsl_Point(t_[0], t_[1], t_[2]);
+    point = gsl_Point(0.0, 0.0, 0.0);
     // The skew part of R is sin * [k]x, its trace 1 + 2 cos.
     gsl_Vector w(r_[2][1] - r_[1][2], r_[0][2] - r_[2][0], r_[1][0] - r_[0][1]);
     const double c = std::clamp((r_[0][0] + r_[1][1] + r_[2][2] - 1.0) / 2.0, -1.0, 1.0);
@@ -92,6 +92,7 @@ void gsl_Matrix::GetAxisRotation(gsl_Point& point, gsl_Vector& axis, double& ang
     }
     if (c > -0.5 && w.length > 0.0) {
         axis = w * (1.0 / w.length);
+        point = PointOnAxis(axis, angle);
         return;
     }
     // Near a half turn the skew part vanishes; the symmetric part
@@ -113,6 +114,18 @@ void gsl_Matrix::GetAxisRotation(gsl_Point& point, gsl_Vector& axis, double& ang
     // The symmetric part fixes k only up to sign; the skew part decides it.
     if (axis.DotProduct(w) < 0.0)
         axis.Negate();
+    point = PointOnAxis(axis, angle);
+}
+
+gsl_Point gsl_Matrix::PointOnAxis(const gsl_Vector& axis, double angle) const
+{
+    // The part u of t across the axis is what the rotation moves the origin by:
+    // (I - R) p = u. For p across the axis too, R p = cos p + sin (k x p), which
+    // solves to p = (u + cot(angle / 2) k x u) / 2.
+    const gsl_Vector t(t_[0], t_[1], t_[2]);
+    const gsl_Vector u = t - axis * t.DotProduct(axis);
+    const gsl_Vector across = axis.CrossProduct(u) * (1.0 / std::tan(angle / 2.0));
+    return gsl_Point((u.x + across.x) / 2.0, (u.y + across.y) / 2.0, (u.z + across.z) / 2.0);
 }
 
 void gsl_Matrix::Concatenate(const gsl_Matrix& m)

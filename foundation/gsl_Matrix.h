@@ -33,12 +33,12 @@ public:
     // unit length; one too short to normalise gives the identity.
     void AxisRotation(const gsl_Point& point, const gsl_Vector& axis, double angle);
 
-    // Reads the matrix as an instance placement: translation by t first,
-    // then the rotation by `angle` (in [0, pi]) about the unit `axis`
-    // through `point`, which is t itself. That reading exists for every
-    // rigid motion, and it is the one that an *INSTANCE line pair of
-    // translation and rotation axis reproduces. With no rotation the axis
-    // is (0, 0, 1) and the angle 0.
+    // Reads the matrix back as a rotation by `angle` (in [0, pi]) about the unit
+    // `axis` through `point`, the point of that line nearest the origin, so that
+    // AxisRotation(point, axis, angle) rebuilds the matrix. A rigid motion may also
+    // shift along its axis; that part, (t . axis) axis, is left to the caller and is
+    // 0 for a pure rotation. With no rotation the axis is (0, 0, 1), the angle 0 and
+    // the point the origin: the whole motion is then the translation.
     void GetAxisRotation(gsl_Point& point, gsl_Vector& axis, double& angle) const;
 
     // In place: the result first applies this matrix, then m.
@@ -57,6 +57,9 @@ public:
     bool operator!=(const gsl_Matrix& other) const { return !(*this == other); }
 
 private:
+    // The foot nearest the origin of the axis of this rotation, angle above 0.
+    gsl_Point PointOnAxis(const gsl_Vector& axis, double angle) const;
+
     double r_[3][3];
     double t_[3];
 };

@@ -70,6 +70,8 @@
 #include "inp_NodeGenerationVisitor.h"
 #include "inp_AssyLevelElemVisitor.h"
 #include "inp_SurfaceVisitor.h"
+#include "inp_RefNodeVisitors.h"
+#include "inp_TransformationVisitor.h"
 #include "shp_ShapeDictionary.h"
 #include "inpM_IdMap.h"
 #include "inpM_InstanceMap.h"

@@ -156,6 +156,18 @@ TEST(AioOstream, WritesToMemoryFilesAndStandardStreams) {
     EXPECT_EQ(bad.state, aio_ios::failbit);
     bad.close();
 
+    // A file gets its bytes in blocks: flushing every line writes nothing yet, sync
+    // writes everything.
+    {
+        aio_ofstream file((dir / "lines.txt").c_str());
+        for (int i = 0; i < 1000; ++i) file.print("line\n").flush();
+        EXPECT_EQ(std::filesystem::file_size(dir / "lines.txt"), 0u);
+        file.sync();
+        EXPECT_EQ(std::filesystem::file_size(dir / "lines.txt"), 5000u);
+        file.print("tail").flush();
+    }
+    EXPECT_EQ(std::filesystem::file_size(dir / "lines.txt"), 5004u);
+
     std::FILE* f = std::tmpfile();
     ASSERT_NE(f, nullptr);
     aio_ostdstream(f).print("to a FILE ").print_int(1);

@@ -164,32 +164,32 @@ TEST(Matrix, RotationVectorsAreColumnsAndAsArrayGivesRows)
             EXPECT_EQ(a[i][j], expected[i][j]) << i << "," << j;
 }
 
-TEST(Matrix, GetAxisRotationReadsAxisAngleAndAPlacementThatRebuildsTheMatrix)
+TEST(Matrix, GetAxisRotationReadsAnAxisThatRebuildsTheMatrix)
 {
     const struct {
         gsl_Point through;
         gsl_Vector axis;
         double angle;
+        double shift;  // along the axis, after the rotation
     } cases[] = {
-        {{0, 0, 0}, {0, 0, 1}, 0.0},          {{0, 0, 0}, {0, 0, 1}, 1e-9},
-        {{1, 2, 3}, {1, 0, 0}, pi / 3},       {{-4, 0, 2}, {1, 2, 2}, 2.0},
-        {{0, 5, 0}, {0, 1, -1}, 2.5},         {{3, 3, 3}, {2, -1, 1}, pi - 1e-7},
-        {{0, 0, 0}, {0, 1, 0}, pi},           {{1, 0, 0}, {-1, -1, 1}, pi},
-        {{0, 0, 0}, {0, 0, 1}, -pi / 2},
+        {{0, 0, 0}, {0, 0, 1}, 0.0, 0.0},      {{0, 0, 0}, {0, 0, 1}, 1e-9, 1.5},
+        {{1, 2, 3}, {0, 0, 1}, 0.7, 0.0},      {{1, 2, 3}, {1, 0, 0}, pi / 3, -2.0},
+        {{-4, 0, 2}, {1, 2, 2}, 2.0, 0.5},     {{0, 5, 0}, {0, 1, -1}, 2.5, 0.0},
+        {{3, 3, 3}, {2, -1, 1}, pi - 1e-7, 1}, {{0, 0, 0}, {0, 1, 0}, pi, 0.0},
+        {{1, 0, 0}, {-1, -1, 1}, pi, 3.0},     {{2, -1, 0}, {0, 0, 1}, -pi / 2, 0.0},
     };
     for (const auto& c : cases) {
-        // A rotation with an extra translation ahead of it, as an instance
-        // placement is built.
-        gsl_Matrix m = Translation(0.5, -1.5, 2.0);
-        m.Concatenate(Rotation(c.through, c.axis, c.angle));
+        gsl_Vector unit = c.axis;
+        unit.Normalize();
+        gsl_Matrix m = Rotation(c.through, c.axis, c.angle);
+        const gsl_Vector shift = unit * c.shift;
+        m.Concatenate(Translation(shift.x, shift.y, shift.z));
 
         gsl_Point point;
         gsl_Vector axis;
         double angle = -1;
         m.GetAxisRotation(point, axis, angle);
 
-        gsl_Vector unit = c.axis;
-        unit.Normalize();
         const double expectedAngle = std::fabs(c.angle);
         if (c.angle < 0)
             unit.Negate();
@@ -201,14 +201,30 @@ TEST(Matrix, GetAxisRotationReadsAxisAngleAndAPlacementThatRebuildsTheMatrix)
             EXPECT_NEAR(axis.x, sense * unit.x, 1e-9) << c.angle;
             EXPECT_NEAR(axis.y, sense * unit.y, 1e-9) << c.angle;
             EXPECT_NEAR(axis.z, sense * unit.z, 1e-9) << c.angle;
+            // On the axis: nothing of it lies across the axis.
+            const gsl_Vector off(c.through, point);
+            const gsl_Vector across = off - unit * off.DotProduct(unit);
+            EXPECT_NEAR(across.x, 0.0, 1e-9) << c.angle;
+            EXPECT_NEAR(across.y, 0.0, 1e-9) << c.angle;
+            EXPECT_NEAR(across.z, 0.0, 1e-9) << c.angle;
         }
 
         gsl_Vector t;
         m.GetTranslation(t);
-        gsl_Matrix rebuilt = Translation(t.x, t.y, t.z);
-        rebuilt.Concatenate(Rotation(point, axis, angle));
-        ExpectSameMotion(rebuilt, m, "rebuilt placement");
+        gsl_Matrix rebuilt = Rotation(point, axis, angle);
+        const gsl_Vector along = axis * t.DotProduct(axis);
+        rebuilt.Concatenate(Translation(along.x, along.y, along.z));
+        ExpectSameMotion(rebuilt, m, "rebuilt from point, axis and angle");
     }
+
+    // The pure rotation about an axis off the origin reads back exactly that line.
+    gsl_Point on;
+    gsl_Vector z;
+    double turn = 0;
+    Rotation(gsl_Point(1, 2, 3), gsl_Vector(0, 0, 1), 0.7).GetAxisRotation(on, z, turn);
+    EXPECT_NEAR(on.x, 1.0, eps);
+    EXPECT_NEAR(on.y, 2.0, eps);
+    ExpectSameMotion(Rotation(on, z, turn), Rotation(gsl_Point(1, 2, 3), gsl_Vector(0, 0, 1), 0.7), "off the origin");
 
     gsl_Point point(9, 9, 9);
     gsl_Vector axis(1, 0, 0);

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <thread>
 
 #include "inp_Exceptions.h"
@@ -65,6 +66,22 @@ TEST(KeywordTable, ResolvesExactNamesPrefixesAndAmbiguities) {
     };
     for (const Case& c : cases) EXPECT_EQ(Resolve(c.given), c.expected) << "given \"" << c.given << "\"";
 
+    // Every prefix of every name, and each with one letter too many: a name is found
+    // exactly when one row begins with the text (or equals it), as a walk of the rows says.
+    for (const inp_KeywordRow* r = inp_keywordRows; r->name; ++r) {
+        const std::string name = r->name;
+        for (size_t n = 1; n <= name.size() + 1; ++n) {
+            const std::string given = n <= name.size() ? name.substr(0, n) : name + "~";
+            int matches = 0, exact = 0, last = 0;
+            for (const inp_KeywordRow* o = inp_keywordRows; o->name; ++o) {
+                if (given == o->name) exact = o->value;
+                if (std::strncmp(o->name, given.c_str(), given.size()) == 0) ++matches, last = o->value;
+            }
+            const int expected = exact ? exact : matches == 1 ? last : 0;
+            ASSERT_EQ(Table().Enum(cow_String(given.c_str())), expected) << given;
+        }
+    }
+
     EXPECT_EQ(Table().Enum(cow_String("contactpa")), inp_kwContactPair);
     EXPECT_EQ(Table().Enum(cow_String("conta")), inp_kwUndefined);
     EXPECT_EQ(Table().Enum(cow_String("nodefoo")), inp_kwUndefined);
@@ -91,6 +108,19 @@ TEST(KeywordTable, ParentsAndNames) {
                                  inp_kwIts, inp_kwGap, inp_kwConnectorFriction};
     std::sort(expected.begin(), expected.end());
     EXPECT_EQ(parents, expected);
+
+    // Every keyword's parents, each once.
+    for (const inp_KeywordRow* row = inp_keywordRows; row->name; ++row) {
+        std::vector<int> walk;
+        for (const inp_KeywordRow* owner = inp_keywordRows; owner->name; ++owner)
+            if (Table().Suboptions(static_cast<inp_KeywordEnm>(owner->value)).IsMember(row->value))
+                walk.push_back(owner->value);
+        std::vector<int> got = Vec(Table().ParentKeywords(static_cast<inp_KeywordEnm>(row->value)));
+        std::sort(got.begin(), got.end());
+        std::sort(walk.begin(), walk.end());
+        walk.erase(std::unique(walk.begin(), walk.end()), walk.end());
+        ASSERT_EQ(got, walk) << row->name;
+    }
 
     cow_1DArrayList<int> two;
     two.Append(inp_kwNode);

@@ -448,6 +448,9 @@ void inp_FakePartVisitor::AddInstanceTransform(inp_Keyword& instance, const gsl_
     matrix.GetAxisRotation(point, axis, angle);
     const double degrees = angle * 180.0 / std::acos(-1.0);
     if (std::fabs(degrees) <= omi_Singleton<gsl_Util>::Instance().tolerance) return;
+    // The second line turns about an axis through the translated origin: after the
+    // whole translation t, that turn gives R p + t again.
+    point = gsl_Point(translation.x, translation.y, translation.z);
     const cow_String line = number(point.x) + ", " + number(point.y) + ", " + number(point.z) + ", " +
                             number(point.x + axis.x) + ", " + number(point.y + axis.y) + ", " +
                             number(point.z + axis.z) + ", " + number(degrees);

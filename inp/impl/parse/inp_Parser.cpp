@@ -421,16 +421,12 @@ inp_Keyword inp_Parser::ParseKeyword(bool strict) {
     const cow_String given = inp_KeywordLine::GivenName(text, comma);
     const inp_KeywordTable& table = thr_ThreadSingleton<inp_KeywordTable>::Instance();
     cow_String resolved;
-    try {
-        // A blank keyword prints as "*undefined keyword"; reading that back gives a
-        // blank keyword again, which the next phase drops.
-        resolved = given == "undefinedkeyword" ? table.Name(inp_kwUndefined) : table.ResolveName(given);
-    } catch (const inp_UnknownKeywordException&) {
-        inp_UnknownKeywordException(line, m_fileName, given).Throw(__FILE__, __LINE__);
-    } catch (const inp_AmbiguousKeywordException&) {
-        inp_AmbiguousKeywordException(line, m_fileName, given).Throw(__FILE__, __LINE__);
-    }
-    keyword.keyword = table.Enum(resolved);
+    // A blank keyword prints as "*undefined keyword"; reading that back gives a blank
+    // keyword again, which the next phase drops.
+    const int matches = given == "undefinedkeyword" ? 1 : table.Match(given, resolved);
+    if (matches == 0) inp_UnknownKeywordException(line, m_fileName, given).Throw(__FILE__, __LINE__);
+    if (matches > 1) inp_AmbiguousKeywordException(line, m_fileName, given).Throw(__FILE__, __LINE__);
+    keyword.keyword = given == "undefinedkeyword" ? inp_kwUndefined : table.Enum(resolved);
 
     if (comma < text.Length()) {
         cow_String list = text.Substr(comma + 1);

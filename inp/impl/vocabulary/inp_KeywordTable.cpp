@@ -1,6 +1,8 @@
 #include "inp_KeywordTable.h"
 
+#include <algorithm>
 #include <cstring>
+#include <map>
 
 #include "inp_Exceptions.h"
 #include "thr_GlobalLock.h"
@@ -14,32 +16,51 @@ inp_KeywordTable::inp_KeywordTable() {
         m_suboptions.Insert(row->value, subs);
         m_names.Insert(cow_String(row->name), row->value);
         m_values.Insert(row->value, cow_String(row->name));
+        m_sortedNames.push_back(row->name);
     }
+    std::sort(m_sortedNames.begin(), m_sortedNames.end(),
+              [](const char* a, const char* b) { return std::strcmp(a, b) < 0; });
+}
+
+int inp_KeywordTable::CountBeginningWith(const cow_String& text, const char** found) const {
+    // The names that begin with the text stand together in sorted order. The comparison
+    // is strncmp's, so that a text with a NUL in it matches as the C string it holds.
+    const size_t n = static_cast<size_t>(text.Length());
+    const char* prefix = text.c_str();
+    auto first = std::lower_bound(m_sortedNames.begin(), m_sortedNames.end(), prefix,
+                                  [n](const char* name, const char* p) { return std::strncmp(name, p, n) < 0; });
+    int matches = 0;
+    for (auto it = first; it != m_sortedNames.end() && std::strncmp(*it, prefix, n) == 0 && matches < 2; ++it) {
+        ++matches;
+        *found = *it;
+    }
+    return matches;
+}
+
+int inp_KeywordTable::Match(const cow_String& name, cow_String& canonical) const {
+    if (m_names.IsMember(name)) {
+        canonical = name;
+        return 1;
+    }
+    const char* found = nullptr;
+    const int matches = CountBeginningWith(name, &found);
+    if (matches == 1) canonical = cow_String(found);
+    return matches;
 }
 
 cow_String inp_KeywordTable::ResolveName(const cow_String& name) const {
-    if (m_names.IsMember(name)) return name;
-    const size_t n = static_cast<size_t>(name.Length());
-    int matches = 0;
-    const char* last = nullptr;
-    for (const inp_KeywordRow* row = inp_keywordRows; row->name; ++row) {
-        if (std::strncmp(row->name, name.c_str(), n) == 0) {
-            ++matches;
-            last = row->name;
-        }
-    }
+    cow_String canonical;
+    const int matches = Match(name, canonical);
     if (matches == 0) inp_UnknownKeywordException(0, cow_String(), name).Throw(__FILE__, __LINE__);
     if (matches > 1) inp_AmbiguousKeywordException(0, cow_String(), name).Throw(__FILE__, __LINE__);
-    return cow_String(last);
+    return canonical;
 }
 
 inp_KeywordEnm inp_KeywordTable::Enum(const cow_String& name) const {
-    try {
-        return static_cast<inp_KeywordEnm>(m_names.ConstGet(ResolveName(name)));
-    } catch (const inp_UnknownKeywordException&) {
-    } catch (const inp_AmbiguousKeywordException&) {
-    }
-    return inp_kwUndefined;
+    if (const int* value = m_names.Lookup(name)) return static_cast<inp_KeywordEnm>(*value);
+    const char* found = nullptr;
+    if (CountBeginningWith(name, &found) != 1) return inp_kwUndefined;
+    return static_cast<inp_KeywordEnm>(m_names.ConstGet(cow_String(found)));
 }
 
 cow_String inp_KeywordTable::Name(inp_KeywordEnm value) const {
@@ -57,12 +78,19 @@ cow_String inp_KeywordTable::KeywordEnum2String(cow_1DArrayList<int> values) con
 }
 
 cow_1DArrayList<int> inp_KeywordTable::ParentKeywords(inp_KeywordEnm value) const {
-    cow_1DArrayList<int> parents;
-    cow_ConstMapIterator<int, cow_1DArrayList<int>> it(m_suboptions);
-    for (it.First(); !it.IsDone(); it.Next()) {
-        if (it.CurrentValue().IsMember(value)) parents.AppendUnlessMember(it.CurrentKey());
+    if (!m_parentsMade) {
+        // One walk in map order gives every keyword its parents in that order.
+        std::map<int, cow_1DArrayList<int>> collected;
+        cow_ConstMapIterator<int, cow_1DArrayList<int>> it(m_suboptions);
+        for (it.First(); !it.IsDone(); it.Next()) {
+            const cow_1DArrayList<int>& subs = it.CurrentValue();
+            for (int i = 0; i < subs.Count(); ++i) collected[subs.ConstGet(i)].AppendUnlessMember(it.CurrentKey());
+        }
+        for (const auto& entry : collected) m_parents.Insert(entry.first, entry.second);
+        m_parentsMade = true;
     }
-    return parents;
+    const cow_1DArrayList<int>* parents = m_parents.Lookup(value);
+    return parents ? *parents : cow_1DArrayList<int>();
 }
 
 const cow_1DArrayList<int>& inp_KeywordTable::Suboptions(inp_KeywordEnm value) const {

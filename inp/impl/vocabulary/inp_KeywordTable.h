@@ -7,6 +7,8 @@
 #ifndef INP_KEYWORDTABLE_H
 #define INP_KEYWORDTABLE_H
 
+#include <vector>
+
 #include "cow_1DArrayList.h"
 #include "cow_Map.h"
 #include "cow_String.h"
@@ -22,6 +24,9 @@ public:
     // The canonical name: an exact name wins, else the one name the text begins.
     // Raises inp_UnknownKeywordException or inp_AmbiguousKeywordException (line 0, no file).
     cow_String ResolveName(const cow_String& name) const;
+    // ResolveName without raising: 1 and the canonical name, 0 for an unknown name, 2 for
+    // an ambiguous one.
+    int Match(const cow_String& name, cow_String& canonical) const;
     cow_String Name(inp_KeywordEnm value) const;
     // Canonical names joined by ", ".
     cow_String KeywordEnum2String(cow_1DArrayList<int> values) const;
@@ -36,6 +41,9 @@ public:
     const cow_1DArrayList<int>& Suboptions(inp_KeywordEnm value) const;
 
 private:
+    // How many names begin with the text, counting no further than 2; `found` is set to
+    // one of them.
+    int CountBeginningWith(const cow_String& text, const char** found) const;
     void Close(const cow_1DArrayList<int>& list, cow_1DArrayList<int>& out) const;
     // The closure of the top keyword's suboptions without the two skipped ones (0: none).
     cow_1DArrayList<int> LevelClosure(int level, inp_KeywordEnm top, inp_KeywordEnm skip,
@@ -44,10 +52,16 @@ private:
     cow_Map<int, cow_1DArrayList<int>> m_suboptions;
     cow_Map<cow_String, int> m_names;
     cow_Map<int, cow_String> m_values;
+    std::vector<const char*> m_sortedNames;  // the canonical names, in strcmp order
     // The level closures, made at the first question: every flat deck asks for them,
     // and the table, one per thread, never changes.
     mutable cow_1DArrayList<int> m_levels[3];
     mutable bool m_levelsMade[3] = {false, false, false};
+    // Keyword to the keywords that may hold it, made at the first question: every
+    // misplaced keyword of a deck asks, and a walk of the whole table per question made
+    // a deck of many misplaced keywords slow to report.
+    mutable cow_Map<int, cow_1DArrayList<int>> m_parents;
+    mutable bool m_parentsMade = false;
 };
 
 // The table's own per-thread slot: made at the first use in the process under the
