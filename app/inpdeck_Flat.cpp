@@ -71,64 +71,6 @@ FlatModel Renumbered(const inp_Deck& deck, Keywords keywords, Messages& messages
     return model;
 }
 
-// The keywords with each part's keywords inside every *INSTANCE of it, ahead of the
-// instance's own: there the passes read them in the scope and axes of the instance. A
-// *PART keeps its place, emptied, to mark where the mesh is written.
-Keywords Placed(const Keywords& keywords) {
-    std::map<std::string, const inp_Keyword*> parts;
-    for (int i = 0; i < keywords.Count(); ++i)
-        if (keywords[i].keyword == inp_kwPart) parts[Text(keywords[i], "name").c_str()] = &keywords[i];
-    Keywords placed;
-    for (int i = 0; i < keywords.Count(); ++i) {
-        const inp_Keyword& keyword = keywords[i];
-        if (keyword.keyword == inp_kwPart) {
-            inp_Keyword marker = keyword;
-            marker.suboptions = Keywords();
-            placed.Append(marker);
-            continue;
-        }
-        inp_Keyword copy = keyword.DeepCopy();
-        if (keyword.keyword == inp_kwAssembly) {
-            for (int k = 0; k < copy.suboptions.Count(); ++k) {
-                inp_Keyword& instance = copy.suboptions.Get(k);
-                if (instance.keyword != inp_kwInstance) continue;
-                const auto part = parts.find(Text(instance, "part").c_str());
-                if (part == parts.end()) continue;
-                Keywords inside;
-                const Keywords& ofPart = part->second->suboptions;
-                for (int p = 0; p < ofPart.Count(); ++p) inside.Append(ofPart[p].DeepCopy());
-                for (int p = 0; p < instance.suboptions.Count(); ++p) inside.Append(instance.suboptions[p]);
-                instance.suboptions = inside;
-            }
-        }
-        placed.Append(copy);
-    }
-    return placed;
-}
-
-// Instance geometry in the keywords' data carried into global axes: coordinates,
-// directions and local systems that a part gives in its own axes.
-Keywords InGlobalAxes(const Keywords& keywords, FlatModel&, const inp_Deck&, Messages&) { return keywords; }
-
-void Rewrite(Keywords& keywords, const FlatModel& model, const inp_FlatNames& names, const inp_Deck& deck,
-             Messages& messages) {
-    inp_FlattenSetVisitor sets(model.nodeSets, model.elementSets, model.nodeIds, model.elementIds,
-                               deck.modelParameters, names);
-    inp_FlattenSurfaceVisitor surfaces(model.surfaces, names);
-    inp_FlattenOrientationVisitor orientations(names);
-    for (inp_Visitor* pass : {static_cast<inp_Visitor*>(&sets), static_cast<inp_Visitor*>(&surfaces),
-                              static_cast<inp_Visitor*>(&orientations)}) {
-        // A few positions raise a bad reference out of the walk; the keywords after
-        // it keep what they had.
-        try {
-            pass->VisitList(keywords);
-        } catch (const nex_Exception& e) {
-            messages.push_back(e.UserReport().c_str());
-        }
-        Collect(*pass, messages);
-    }
-}
-
 // The keywords that the mesh written from the maps stands for, and the blocks that
 // only scoped it.
 bool StandsForMesh(const inp_Keyword& keyword) {
@@ -154,6 +96,91 @@ bool StandsForMesh(const inp_Keyword& keyword) {
             return false;
     }
 }
+
+// A copy that shares nothing the passes write, without the keywords that the mesh
+// written from the maps stands for: a part's large node and element arrays are never
+// copied.
+inp_Keyword Copy(const inp_Keyword& keyword) {
+    inp_Keyword copy = keyword;
+    copy.data = inp_DataArray(keyword.data.Clone());
+    copy.suboptions = Keywords();
+    for (int i = 0; i < keyword.suboptions.Count(); ++i)
+        if (!StandsForMesh(keyword.suboptions[i])) copy.suboptions.Append(Copy(keyword.suboptions[i]));
+    return copy;
+}
+
+// The keywords with each part's keywords inside every *INSTANCE of it, ahead of the
+// instance's own: there the passes read them in the scope and axes of the instance. A
+// *PART keeps its place, emptied, to mark where the mesh is written.
+Keywords Placed(const Keywords& keywords) {
+    std::map<std::string, const inp_Keyword*> parts;
+    for (int i = 0; i < keywords.Count(); ++i)
+        if (keywords[i].keyword == inp_kwPart) parts[Text(keywords[i], "name").c_str()] = &keywords[i];
+    Keywords placed;
+    for (int i = 0; i < keywords.Count(); ++i) {
+        const inp_Keyword& keyword = keywords[i];
+        if (StandsForMesh(keyword)) continue;
+        if (keyword.keyword == inp_kwPart) {
+            inp_Keyword marker = keyword;
+            marker.suboptions = Keywords();
+            placed.Append(marker);
+            continue;
+        }
+        inp_Keyword copy = Copy(keyword);
+        if (keyword.keyword == inp_kwAssembly) {
+            for (int k = 0; k < copy.suboptions.Count(); ++k) {
+                inp_Keyword& instance = copy.suboptions.Get(k);
+                if (instance.keyword != inp_kwInstance) continue;
+                const auto part = parts.find(Text(instance, "part").c_str());
+                if (part == parts.end()) continue;
+                Keywords inside = Copy(*part->second).suboptions;
+                for (int p = 0; p < instance.suboptions.Count(); ++p) inside.Append(instance.suboptions[p]);
+                instance.suboptions = inside;
+            }
+        }
+        placed.Append(copy);
+    }
+    return placed;
+}
+
+// Instance geometry in the keywords' data carried into global axes: coordinates,
+// directions and local systems that a part gives in its own axes. The nodes that have a
+// *TRANSFORM of their own keep it; node sets that the transformation makes join the
+// model's. A local system of a surface in an instance follows the instance's placement.
+Keywords InGlobalAxes(Keywords keywords, FlatModel& model, const inp_Deck& deck, Messages& messages) {
+    inp_CollectTransformedNodesVisitor transformed(model.nodeSets);
+    transformed.VisitList(keywords);
+    inp_TransformationVisitor transformation(deck.instanceTransformations, transformed.transformedNodes,
+                                             model.nodeSets, model.nodeIds, true, model.nodes, model.elements,
+                                             model.elementSets);
+    try {
+        transformation.VisitList(keywords);
+    } catch (const nex_Exception& e) {
+        messages.push_back(e.UserReport().c_str());
+    }
+    Collect(transformation, messages);
+    return transformation.Output();
+}
+
+void Rewrite(Keywords& keywords, const FlatModel& model, const inp_FlatNames& names, const inp_Deck& deck,
+             Messages& messages) {
+    inp_FlattenSetVisitor sets(model.nodeSets, model.elementSets, model.nodeIds, model.elementIds,
+                               deck.modelParameters, names);
+    inp_FlattenSurfaceVisitor surfaces(model.surfaces, names);
+    inp_FlattenOrientationVisitor orientations(names);
+    for (inp_Visitor* pass : {static_cast<inp_Visitor*>(&sets), static_cast<inp_Visitor*>(&surfaces),
+                              static_cast<inp_Visitor*>(&orientations)}) {
+        // A few positions raise a bad reference out of the walk; the keywords after
+        // it keep what they had.
+        try {
+            pass->VisitList(keywords);
+        } catch (const nex_Exception& e) {
+            messages.push_back(e.UserReport().c_str());
+        }
+        Collect(*pass, messages);
+    }
+}
+
 
 bool IsBlock(const inp_Keyword& keyword) {
     switch (keyword.keyword) {

@@ -4,8 +4,9 @@
 // An assembly deck comes out as one *NODE block in global axes and ids, *ELEMENT blocks
 // by type with global ids, every set and surface under its flat name (see inp_FlatNames)
 // and every other keyword where it stood, its references rewritten to those ids and
-// names. The keywords of a part stand once for each instance of it, carried into the
-// instance's axes. The block keywords of parts, instances and the assembly are gone.
+// names. The keywords of a part stand once for each instance of it, their geometry
+// (points, directions, local systems) carried into global axes by the instance's
+// placement. The block keywords of parts, instances and the assembly are gone.
 // A deck that had no parts is written as it was read, in normal form.
 #ifndef INPDECK_FLAT_H
 #define INPDECK_FLAT_H

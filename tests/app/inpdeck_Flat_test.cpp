@@ -259,7 +259,12 @@ TEST(FlatDeck, TwoTurnedCopiesKeepTheirSetsLoadsAndConnections) {
     EXPECT_EQ(flat.nodeSets.at("TIP"), (std::set<int>{3, 6}));
     EXPECT_EQ(flat.nodeSets.at("B_TIP"), (std::set<int>{10, 13}));
 
-    for (const char* text : {"*shellsection, elset=A_SKIN, material=STEEL, orientation=A_ORI\n0.1\n"
+    // Each copy's orientation turned with it: A by 30 degrees, B by 45.
+    for (const char* text : {"*orientation, name=A_ORI\n0.8660254037844387, 0.49999999999999994, 0., "
+                             "-0.49999999999999994, 0.8660254037844387, 0.\n",
+                             "*orientation, name=B_ORI\n0.7071067811865476, 0.7071067811865475, 0., "
+                             "-0.7071067811865475, 0.7071067811865476, 0.\n",
+                             "*shellsection, elset=A_SKIN, material=STEEL, orientation=A_ORI\n0.1\n"
                              "*rigidbody, refnode=7, elset=A_SKIN\n*orientation, name=B_ORI\n",
                              "*shellsection, elset=B_SKIN, material=STEEL, orientation=B_ORI\n0.1\n"
                              "*rigidbody, refnode=14, elset=B_SKIN\n",
