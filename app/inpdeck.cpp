@@ -21,6 +21,7 @@
 #include "inpdeck_Continuation.h"
 #include "inpdeck_Diagnostics.h"
 #include "inpdeck_Encipher.h"
+#include "inpdeck_Flat.h"
 #include "inpdeck_Json.h"
 #include "inpdeck_Progress.h"
 #include "inpdeck_Vtk.h"
@@ -61,6 +62,11 @@ const char kUsage[] =
     "  --vtk FILE          write the mesh as a VTK unstructured grid (.vtu) to FILE:\n"
     "                      points in global axes, one cell per element with a VTK\n"
     "                      shape, ids, instances, element types and sets as arrays\n"
+    "  --flat FILE         write the deck as one flat deck to FILE (\"-\": standard\n"
+    "                      output), for solvers that read no parts: nodes in global\n"
+    "                      axes and ids, elements with global ids, each set and\n"
+    "                      surface of an instance as INSTANCE_NAME, references\n"
+    "                      rewritten to match; a deck without parts as -p writes it\n"
     "  --diagnostics=gnu   a message whose text names a file and line is written as\n"
     "                      FILE:LINE: error: TEXT (or warning:), as compilers do, for\n"
     "                      editors to jump to; the others as before\n"
@@ -153,6 +159,7 @@ struct Options {
     bool quiet = false;
     const char* jsonTo = nullptr;
     const char* vtkTo = nullptr;
+    const char* flatTo = nullptr;
     bool gnuDiagnostics = false;
     bool verbose = false;
     int maxMessages = 1000;  // 0: all
@@ -307,7 +314,7 @@ int RunDeck(const Options& options) {
     int status = inpdeck::ReportMessages(OneLine(options.deck).c_str(), model, timer.GetElapsedTime(), diagnostics);
     if (options.tree) PrintTree(model.keywords, 0);
     const bool stdoutTaken = options.tree || IsStdout(options.printTo) || IsStdout(options.jsonTo) ||
-                             IsStdout(options.vtkTo);
+                             IsStdout(options.vtkTo) || IsStdout(options.flatTo);
     if (!options.quiet && !stdoutTaken) inpdeck::PrintModelReport(stdout, model);
     if (options.printTo) {
         int printed = PrintDeck(model, options.printTo);
@@ -334,6 +341,12 @@ int RunDeck(const Options& options) {
             status = written;
         else
             WarnLeftOut(options.vtkTo, leftOut);
+    }
+    if (options.flatTo) {
+        progress.Begin("flat");
+        const int written = inpdeck::WriteFlat(options.flatTo, model);
+        progress.End(WrittenBytes(options.flatTo));
+        if (written) status = written;
     }
     return status;
 }
@@ -399,6 +412,9 @@ int Run(int argc, char** argv) {
             } else if (!std::strcmp(arg, "--json") || !std::strcmp(arg, "--vtk")) {
                 if (i + 1 >= argc) return UsageError("missing value after ", arg);
                 (arg[2] == 'j' ? options.jsonTo : options.vtkTo) = argv[++i];
+            } else if (!std::strcmp(arg, "--flat")) {
+                if (i + 1 >= argc) return UsageError("missing value after ", arg);
+                options.flatTo = argv[++i];
             } else if (!std::strcmp(arg, "-p") || !std::strcmp(arg, "-I") || !std::strcmp(arg, "--stop-after")) {
                 if (i + 1 >= argc) return UsageError("missing value after ", arg);
                 const char* value = argv[++i];

@@ -405,8 +405,8 @@ std::string DriverPath() { return std::string(INP_BENCH_DIR) + "/../inpdeck"; }
 
 // The driver as a process per run, best of three (one on decks past 200 MB), the output
 // into files beside the decks: on the largest flat deck the road alone and with the
-// deck printed by `-p`; on the largest assembly deck the road alone and with the model
-// written by `--json` and by `--vtk`.
+// deck printed by `-p`; on the largest assembly deck the road alone, with the model
+// written by `--json` and by `--vtk`, and with the deck written flat by `--flat`.
 std::string DriverRuns(const std::string& flatDeck, const Row* flat, const std::string& assemblyDeck,
                        const Row* assembly) {
     const std::string driver = DriverPath(), out = std::string(INP_BENCH_DIR) + "/out";
@@ -433,6 +433,7 @@ std::string DriverRuns(const std::string& flatDeck, const Row* flat, const std::
         add(assemblyDeck, assembly, "inpdeck --quiet DECK", {"--quiet"}, true);
         add(assemblyDeck, assembly, "+ --json FILE", {"--quiet", "--json", out + ".json"}, false);
         add(assemblyDeck, assembly, "+ --vtk FILE", {"--quiet", "--vtk", out + ".vtu"}, false);
+        add(assemblyDeck, assembly, "+ --flat FILE", {"--quiet", "--flat", out + ".inp"}, false);
     }
     for (DriverRun& r : runs) {
         const double mb = (r.deck == (flat ? flat->deck : "") ? flat : assembly)->values.at("bytes") / 1e6;
@@ -467,6 +468,8 @@ std::string DriverRuns(const std::string& flatDeck, const Row* flat, const std::
         if (r.name.find("--json") != std::string::npos)
             t << "`--json` on " << r.deck << ": " << Verdict((r.seconds - r.base->seconds) / r.floor, 3.0, "the floor")
               << " on top of the road.\n";
+        if (r.name.find("--flat") != std::string::npos)
+            t << "`--flat` on " << r.deck << ": " << Verdict(r.seconds / r.floor, 5.0, "the floor") << ".\n";
     }
     return t.str() + "\n";
 }

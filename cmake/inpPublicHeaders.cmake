@@ -68,6 +68,8 @@ set(INP_PUBLIC_HEADERS
   inp/impl/fixup/inp_SurfaceFixupVisitor.h
   inp/impl/flat/inp_FakePartSetAssignVisitor.h
   inp/impl/flat/inp_FakePartSetVisitor.h
+  inp/impl/flatten/inp_FlatNames.h
+  inp/impl/flatten/inp_FlattenVisitors.h
   inp/impl/frame/inp_Deck.h
   inp/impl/frame/inp_Library.h
   inp/impl/model/inp_AssyLevelElemVisitor.h

@@ -21,6 +21,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include "../bench/inp_DeckPhases.h"
 #include "aio_ostream.h"
@@ -28,6 +29,7 @@
 #include "inp_Deck.h"
 #include "inp_Library.h"
 #include "nex_Exception.h"
+#include "inpdeck_Flat.h"
 #include "wip_WIP.h"
 
 namespace inp_fuzz {
@@ -93,7 +95,8 @@ inline std::string WriteDeck(const std::string& dir, const std::uint8_t* data, s
     return dir + "/deck.inp";
 }
 
-// Reads the deck down every phase. The sink is emptied first: it is per thread and
+// Reads the deck down every phase and writes it as a flat deck into a stream that keeps
+// nothing, as the driver's --flat does. The sink is emptied first: it is per thread and
 // would otherwise grow with every input of a long run. `afterPhase`, if given, sees
 // the sink after each phase. Gives how many records the road left in the sink.
 inline int RunDeck(const std::string& dir, const std::uint8_t* data, std::size_t size,
@@ -107,6 +110,9 @@ inline int RunDeck(const std::string& dir, const std::uint8_t* data, std::size_t
         inp_phases::kDeckPhases[i].run(deck, deckPath.c_str());
         if (afterPhase) afterPhase(inp_phases::kDeckPhases[i], sink);
     }
+    inp_phases::NullStream flat;
+    std::vector<std::string> messages;
+    inpdeck::WriteFlatDeck(flat, deck, messages);
     return sink.Count();
 }
 

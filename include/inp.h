@@ -59,6 +59,8 @@
 #include "inp_RebarFixupVisitor.h"
 #include "inp_ScopedNameVisitors.h"
 #include "inp_RemovePeriodVisitors.h"
+#include "inp_FlatNames.h"
+#include "inp_FlattenVisitors.h"
 #include "inp_FakePartSetAssignVisitor.h"
 #include "inp_FakePartSetVisitor.h"
 #include "inp_PartInventoryVisitor.h"

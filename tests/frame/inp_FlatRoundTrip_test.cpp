@@ -93,16 +93,8 @@ TEST(FlatRoundTrip, EveryGeneratedDeckReadsBackToTheSameModel) {
     if (std::system("python3 --version > /dev/null 2>&1") != 0) GTEST_SKIP() << "python3 is needed";
     TempDir dir;
     for (const char* variant : {"flat", "assembly", "include"}) {
-        const std::string command = std::string("python3 \"") + INP_EXAMPLES_DIR + "/../bench/gendeck\" 3 " + variant +
-                                    " \"" + dir.Path().string() + "\"";
-        std::FILE* pipe = popen(command.c_str(), "r");
-        ASSERT_NE(pipe, nullptr);
-        char buffer[4096] = {0};
-        const bool read = std::fgets(buffer, sizeof buffer, pipe) != nullptr;
-        ASSERT_EQ(pclose(pipe), 0);
-        ASSERT_TRUE(read);
-        std::string deck(buffer);
-        while (!deck.empty() && (deck.back() == '\n' || deck.back() == '\r')) deck.pop_back();
+        const std::string deck = inp_test::GeneratedDeck(3, variant, dir);
+        ASSERT_FALSE(deck.empty()) << variant;
         ExpectRoundTrip(deck, true, true);
     }
 }

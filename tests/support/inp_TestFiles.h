@@ -3,6 +3,7 @@
 #ifndef INP_TESTFILES_H
 #define INP_TESTFILES_H
 
+#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <random>
@@ -190,6 +191,21 @@ inline std::string Printed(const inp_Keyword& keyword, bool recursive = true) {
     keyword.Print(out, recursive);
     out.flush();
     return out.str().c_str();
+}
+
+// A deck that bench/gendeck writes into `dir` (N elements a side, the variant named), or
+// an empty path where python3 or the generator fails.
+inline std::string GeneratedDeck(int n, const std::string& variant, const TempDir& dir) {
+    const std::string command = std::string("python3 \"") + INP_EXAMPLES_DIR + "/../bench/gendeck\" " +
+                                std::to_string(n) + " " + variant + " \"" + dir.Path().string() + "\" 2>/dev/null";
+    std::FILE* pipe = popen(command.c_str(), "r");
+    if (!pipe) return std::string();
+    char buffer[4096] = {0};
+    const bool read = std::fgets(buffer, sizeof buffer, pipe) != nullptr;
+    if (pclose(pipe) != 0 || !read) return std::string();
+    std::string deck(buffer);
+    while (!deck.empty() && (deck.back() == '\n' || deck.back() == '\r')) deck.pop_back();
+    return deck;
 }
 
 }  // namespace inp_test
