@@ -6,8 +6,9 @@
 // *INCLUDE. Pieces past kMaxIncludeFiles stay in the last include file, separator and
 // all. An input that begins with the group separator byte (0x1D) has that byte dropped
 // and its include files written enciphered with the password kPassword, for an
-// `*INCLUDE, INPUT=inc1.inp, PASSWORD=secret` to read. Shared by the libFuzzer target and the corpus replay of the test suite, so that
-// a kept input runs in the test exactly as it ran in the fuzzer.
+// `*INCLUDE, INPUT=inc1.inp, PASSWORD=secret` to read. Shared by the libFuzzer target
+// and the corpus replay of the test suite, so that a kept input runs in the test
+// exactly as it ran in the fuzzer.
 #ifndef INP_FUZZDECK_H
 #define INP_FUZZDECK_H
 
