@@ -397,6 +397,7 @@ struct DriverRun {
     std::vector<std::string> args;
     const DriverRun* base = nullptr;
     double floor = 0;
+    double bytes = 0;  // of the deck
     double seconds = 1e300;
     long peak = 0;
 };
@@ -421,6 +422,7 @@ std::string DriverRuns(const std::string& flatDeck, const Row* flat, const std::
         r.args.insert(r.args.end(), options.begin(), options.end());
         r.args.push_back(deck);
         r.floor = row->values.at("floor");
+        r.bytes = row->values.at("bytes");
         r.base = road ? nullptr : &runs.back();
         while (r.base && r.base->base) r.base = r.base->base;
         runs.push_back(r);
@@ -436,8 +438,7 @@ std::string DriverRuns(const std::string& flatDeck, const Row* flat, const std::
         add(assemblyDeck, assembly, "+ --flat FILE", {"--quiet", "--flat", out + ".inp"}, false);
     }
     for (DriverRun& r : runs) {
-        const double mb = (r.deck == (flat ? flat->deck : "") ? flat : assembly)->values.at("bytes") / 1e6;
-        const int reps = mb > 200 ? 1 : 3;
+        const int reps = r.bytes > 200e6 ? 1 : 3;
         for (int rep = 0; rep < reps; ++rep) {
             const std::pair<double, long> t = RunDriver(r.args);
             if (t.first < 0) return "The driver failed on " + r.deck + " (" + r.name + "): no driver timings.\n";

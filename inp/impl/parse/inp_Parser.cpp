@@ -394,10 +394,11 @@ inp_Keyword inp_Parser::ParseKeyword(bool strict) {
     cow_String resolved;
     // A blank keyword prints as "*undefined keyword"; reading that back gives a blank
     // keyword again, which the next phase drops.
-    const int matches = given == "undefinedkeyword" ? 1 : table.Match(given, resolved);
+    const bool blank = given == "undefinedkeyword";
+    const int matches = blank ? 1 : table.Match(given, resolved);
     if (matches == 0) inp_UnknownKeywordException(line, m_fileName, given).Throw(__FILE__, __LINE__);
     if (matches > 1) inp_AmbiguousKeywordException(line, m_fileName, given).Throw(__FILE__, __LINE__);
-    keyword.keyword = given == "undefinedkeyword" ? inp_kwUndefined : table.Enum(resolved);
+    keyword.keyword = blank ? inp_kwUndefined : table.Enum(resolved);
 
     if (comma < text.Length()) {
         cow_String list = text.Substr(comma + 1);

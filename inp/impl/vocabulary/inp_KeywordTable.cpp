@@ -57,10 +57,9 @@ cow_String inp_KeywordTable::ResolveName(const cow_String& name) const {
 }
 
 inp_KeywordEnm inp_KeywordTable::Enum(const cow_String& name) const {
-    if (const int* value = m_names.Lookup(name)) return static_cast<inp_KeywordEnm>(*value);
-    const char* found = nullptr;
-    if (CountBeginningWith(name, &found) != 1) return inp_kwUndefined;
-    return static_cast<inp_KeywordEnm>(m_names.ConstGet(cow_String(found)));
+    cow_String canonical;
+    if (Match(name, canonical) != 1) return inp_kwUndefined;
+    return static_cast<inp_KeywordEnm>(m_names.ConstGet(canonical));
 }
 
 cow_String inp_KeywordTable::Name(inp_KeywordEnm value) const {
@@ -80,17 +79,15 @@ cow_String inp_KeywordTable::KeywordEnum2String(cow_1DArrayList<int> values) con
 cow_1DArrayList<int> inp_KeywordTable::ParentKeywords(inp_KeywordEnm value) const {
     if (!m_parentsMade) {
         // One walk in map order gives every keyword its parents in that order.
-        std::map<int, cow_1DArrayList<int>> collected;
         cow_ConstMapIterator<int, cow_1DArrayList<int>> it(m_suboptions);
         for (it.First(); !it.IsDone(); it.Next()) {
             const cow_1DArrayList<int>& subs = it.CurrentValue();
-            for (int i = 0; i < subs.Count(); ++i) collected[subs.ConstGet(i)].AppendUnlessMember(it.CurrentKey());
+            for (int i = 0; i < subs.Count(); ++i) m_parents[subs.ConstGet(i)].AppendUnlessMember(it.CurrentKey());
         }
-        for (const auto& entry : collected) m_parents.Insert(entry.first, entry.second);
         m_parentsMade = true;
     }
-    const cow_1DArrayList<int>* parents = m_parents.Lookup(value);
-    return parents ? *parents : cow_1DArrayList<int>();
+    const auto parents = m_parents.find(value);
+    return parents != m_parents.end() ? parents->second : cow_1DArrayList<int>();
 }
 
 const cow_1DArrayList<int>& inp_KeywordTable::Suboptions(inp_KeywordEnm value) const {

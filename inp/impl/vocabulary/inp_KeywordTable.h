@@ -7,6 +7,7 @@
 #ifndef INP_KEYWORDTABLE_H
 #define INP_KEYWORDTABLE_H
 
+#include <map>
 #include <vector>
 
 #include "cow_1DArrayList.h"
@@ -60,7 +61,7 @@ private:
     // Keyword to the keywords that may hold it, made at the first question: every
     // misplaced keyword of a deck asks, and a walk of the whole table per question made
     // a deck of many misplaced keywords slow to report.
-    mutable cow_Map<int, cow_1DArrayList<int>> m_parents;
+    mutable std::map<int, cow_1DArrayList<int>> m_parents;
     mutable bool m_parentsMade = false;
 };
 
