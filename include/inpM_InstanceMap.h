@@ -106,6 +106,9 @@ public:
     // elements in ascending order of their ids, then each nested level in
     // ascending order of names. With `keep` every id maps to itself.
     inpM_IdMap Renumber(int start, bool keep);
+    // The map Renumber(start, false) gives, with the tables left as they are: for
+    // a caller that needs the new ids only.
+    inpM_IdMap RenumberedIds(int start) const;
     // Rewrites the connectivity of every level through the node id map of the
     // same scope. Raises inp_ElementUndefinedNodesError, and changes nothing at
     // this level, when elements name nodes that the map lacks.
@@ -130,6 +133,8 @@ using inpM_ElementMap = inpM_InstanceMap<omi_IntTable<inp_Element>>;
 
 template <>
 inpM_IdMap inpM_InstanceMap<omi_IntTable<inp_Element>>::Renumber(int start, bool keep);
+template <>
+inpM_IdMap inpM_InstanceMap<omi_IntTable<inp_Element>>::RenumberedIds(int start) const;
 template <>
 void inpM_InstanceMap<omi_IntTable<inp_Element>>::Update(const inpM_IdMap& idMap);
 

@@ -52,6 +52,22 @@ inpM_IdMap inpM_InstanceMap<ElementTable>::Renumber(int start, bool keep) {
 }
 
 template <>
+inpM_IdMap inpM_InstanceMap<ElementTable>::RenumberedIds(int start) const {
+    inpM_IdMap result;
+    int next = start;
+    omi_IntTable<int>& ids = result.ids.Get();
+    omi_IntTableIterator<inp_Element> it(ConstGet());
+    for (it.First(); !it.IsDone(); it.Next()) ids.Insert(it.CurrentKey(), next++);
+    const cow_List<cow_String> names = Instances();
+    for (int i = 0; i < names.Count(); ++i) {
+        inpM_IdMap nested = ConstGetMap(names[i]).RenumberedIds(next);
+        next += nested.NumberIds();
+        result.InsertInstance(names[i], nested);
+    }
+    return result;
+}
+
+template <>
 void inpM_InstanceMap<ElementTable>::Update(const inpM_IdMap& idMap) {
     std::unique_ptr<ElementTable> updated(new ElementTable());
     inpM_OmiSet failed;

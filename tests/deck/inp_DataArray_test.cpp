@@ -5,7 +5,9 @@
 
 #include "aio_ostream.h"
 #include "inp_DataArray.h"
+#include "inp_ElementDataArray.h"
 #include "inp_Exceptions.h"
+#include "inp_NodeDataArray.h"
 #include "nex_Exception.h"
 #include "../support/inp_DataArrayTesting.h"
 
@@ -334,4 +336,47 @@ TEST(RawDataArray, ItemsReadInAnyOrderAfterChanges) {
     inp_DataArray copy(a.Clone());
     EXPECT_EQ(copy.AsStringVerbatim(1, 1), "c2");
     EXPECT_EQ(a.AsStringVerbatim(1, 1), "c2");
+}
+
+// Every kind of array with storage per line: lines given back read as lines without
+// items, print as nothing and copy as such; the lines behind them stay as they were.
+TEST(DataArrays, ReleasedLinesHaveNoItems) {
+    const inp_DataArray raw = ArrayOf({"1, 2, 3", "4, 5, 6", "7, 8, 9"});
+    for (int kind = 0; kind < 3; ++kind) {
+        inp_DataArray data = kind == 0   ? ArrayOf({"1, 2, 3", "4, 5, 6", "7, 8, 9"})
+                             : kind == 1 ? inp_DataArray(new inp_NodeDataArrayImpl(raw))
+                                         : inp_DataArray(new inp_ElementDataArrayImpl(raw));
+        {
+            // Lines that another holder shares are not given back.
+            const inp_DataArray holder = data;
+            data.ReleaseLines(3);
+            EXPECT_EQ(holder.NumberOfItems(0), kind == 1 ? 7 : 3);
+        }
+        aio_ostringstream whole;
+        data.PrintLine(2, whole);
+        whole.flush();
+        const std::string lastLine = whole.str().c_str();
+
+        data.ReleaseLines(2);
+        data.ReleaseLines(1);  // lines once given back stay so
+        const inp_DataArray copy(data.Clone());
+        for (const inp_DataArray* array : {static_cast<const inp_DataArray*>(&data), &copy}) {
+            ASSERT_EQ(array->NumberOfLines(), 3);
+            for (int line : {0, 1}) {
+                EXPECT_EQ(array->NumberOfItems(line), 0);
+                EXPECT_FALSE(array->HasValue(line, 0));
+                EXPECT_FALSE(array->LastItemIsBlank(line));
+                EXPECT_NE(AssertionOf([&] { array->AsInt(line, 0); }), "");
+                aio_ostringstream out;
+                array->PrintLine(line, out);
+                out.flush();
+                EXPECT_EQ(std::string(out.str().c_str()), "");
+            }
+            EXPECT_EQ(array->AsInt(2, 0), 7);
+            aio_ostringstream out;
+            array->PrintLine(2, out);
+            out.flush();
+            EXPECT_EQ(std::string(out.str().c_str()), lastLine);
+        }
+    }
 }

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "aio_ostream.h"
 #include "inp_ElementDataArray.h"
 #include "../support/inp_DataArrayTesting.h"
 
@@ -22,6 +23,13 @@ std::vector<int> Line(const inp_DataArray& data, int line) {
     std::vector<int> values;
     for (int j = 0; j < data.NumberOfItems(line); ++j) values.push_back(data.AsInt(line, j));
     return values;
+}
+
+std::string Printed(const inp_DataArray& data, int line) {
+    aio_ostringstream out;
+    data.PrintLine(line, out);
+    out.flush();
+    return out.str().c_str();
 }
 
 std::vector<int> Range(int from, int to) {
@@ -164,4 +172,71 @@ TEST(ElementDataArray, CloneIsIndependent) {
     EXPECT_EQ(Line(copy, 0), (std::vector<int>{1, 2, 0}));
     EXPECT_EQ(Line(copy, 1), (std::vector<int>{4}));
     EXPECT_EQ(Line(data, 1), (std::vector<int>{3}));
+}
+
+TEST(ElementDataArray, OnlyLinesThatReadTheSamePackedArePacked) {
+    const std::string seventeen = "1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16,";
+    struct Case {
+        std::vector<std::string> lines;
+        bool packs;
+    } cases[] = {
+        {{"1, 2, 3", " 4 ,5\t, -6"}, true},
+        {{"123456789, 1"}, true},
+        {{"-12345678, 1"}, true},
+        {{seventeen, "17, 18"}, true},      // the comma of an element that goes on
+        {{"1234567890, 1"}, false},         // more than nine characters: a message quotes it
+        {{"-123456789, 1"}, false},
+        {{"1, 0"}, false},                  // a node 0 is not a blank position
+        {{"1, 000"}, false},
+        {{"1, , 3"}, false},                // a blank between items
+        {{"1, 2, 3,"}, false},              // a short line's comma would print as a 0
+        {{""}, false},
+        {{"1, 2.5"}, false},
+        {{"1, N1"}, false},
+        {{"1, <n>"}, false},
+        {{"1, +2"}, false},
+    };
+    for (const Case& c : cases) {
+        inp_DataArray raw(new inp_RawDataArrayImpl());
+        for (const std::string& line : c.lines) raw.Append(line.c_str());
+        EXPECT_EQ(inp_ElementDataArrayImpl::PacksExactly(raw), c.packs) << c.lines[0];
+        if (!c.packs) continue;
+        // What packs reads and prints as the text did.
+        inp_DataArray packed(new inp_ElementDataArrayImpl(raw));
+        for (int i = 0; i < raw.NumberOfLines(); ++i) {
+            ASSERT_EQ(packed.NumberOfItems(i), raw.NumberOfItems(i));
+            EXPECT_EQ(packed.LastItemIsBlank(i), raw.LastItemIsBlank(i));
+            for (int j = 0; j < raw.NumberOfItems(i); ++j) {
+                int a = 0, b = 0;
+                EXPECT_EQ(packed.ReadInt(i, j, a), raw.ReadInt(i, j, b)) << i << " " << j;
+                EXPECT_EQ(a, b);
+                EXPECT_EQ(packed.Type(i, j), raw.Type(i, j));
+            }
+            EXPECT_EQ(Printed(packed, i), Printed(raw, i));
+        }
+    }
+    // A packed array is not raw text.
+    inp_DataArray packed(new inp_ElementDataArrayImpl(ArrayOf({"1, 2"})));
+    EXPECT_FALSE(inp_ElementDataArrayImpl::PacksExactly(packed));
+}
+
+TEST(ElementDataArray, PackingGivesTheRawLinesBackUnlessShared) {
+    inp_DataArray raw(new inp_RawDataArrayImpl());
+    const int lines = 3 * inp_DataArrayImpl::kReleaseBatch + 5;
+    for (int i = 1; i <= lines; ++i) raw.Append((std::to_string(i) + ", " + std::to_string(i + 1)).c_str());
+    inp_DataArray shared = raw;
+    inp_DataArray first(new inp_ElementDataArrayImpl(raw, true));
+    EXPECT_EQ(raw.NumberOfItems(lines - 1), 2);  // another holder keeps it whole
+
+    shared = inp_DataArray();
+    inp_DataArray packed(new inp_ElementDataArrayImpl(raw, true));
+    ASSERT_EQ(packed.NumberOfLines(), lines);
+    EXPECT_EQ(Line(packed, lines - 1), (std::vector<int>{lines, lines + 1}));
+    EXPECT_EQ(Line(first, 0), (std::vector<int>{1, 2}));
+    ASSERT_EQ(raw.NumberOfLines(), lines);
+    for (int i : {0, inp_DataArrayImpl::kReleaseBatch, lines - 1}) {
+        EXPECT_EQ(raw.NumberOfItems(i), 0) << i;
+        EXPECT_FALSE(raw.LastItemIsBlank(i));
+        EXPECT_FALSE(raw.HasValue(i, 0));
+    }
 }

@@ -7,6 +7,7 @@
 
 #include "../support/inp_TestFiles.h"
 #include "inp.h"
+#include "inp_ElementDataArray.h"
 
 using inp_test::TempDir;
 
@@ -108,7 +109,7 @@ TEST(DeckClassify, CompletedElementsPrintAndReadBack) {
     first.Print(printed);
     printed.flush();
     const std::string text = printed.str().c_str();
-    EXPECT_NE(text.find("100006, 100007,\n100008\n"), std::string::npos) << text;
+    EXPECT_NE(text.find("100006, 100007, \n100008\n"), std::string::npos) << text;
 
     inp_Deck second;
     Classified(second, dir.Write("printed.inp", text));
@@ -116,4 +117,42 @@ TEST(DeckClassify, CompletedElementsPrintAndReadBack) {
     const inp_Element& element = second.partElements.ConstGet(cow_String("P")).ConstGet(1);
     ASSERT_EQ(element.numNodes, 16);
     EXPECT_EQ(element.nodes[15], 100008);
+}
+
+// The flat conversion gives the mesh lines back as its tables take them in; a keyword
+// list that a caller still holds keeps every line, and the model is whole either way.
+TEST(DeckClassify, AFlatDeckLetsGoOfItsMeshLinesButNotOfThoseACallerHolds) {
+    TempDir dir;
+    std::string deck = "*NODE, NSET=ALL\n";
+    for (int n = 1; n <= 8; ++n) deck += std::to_string(n) + ", " + std::to_string(n) + ".5, 0, 0\n";
+    deck += "*ELEMENT, TYPE=C3D8, ELSET=E\n1, 1, 2, 3, 4, 5, 6, 7, 8\n"
+            "*ELEMENT, TYPE=CAXA81\n2, 1, 2, 3, 4, 5, 6, 7, 8\n";
+    inp_Deck model;
+    model.Parse(dir.Write("flat.inp", deck).c_str());
+    model.ExpandKeywords();
+    // Plain connectivity is packed by the expansion.
+    ASSERT_EQ(model.keywords.Count(), 3);
+    EXPECT_NE(dynamic_cast<const inp_ElementDataArrayImpl*>(&model.keywords[1].data.ConstGet()), nullptr);
+
+    const cow_1DArrayList<inp_Keyword> held = model.keywords;
+    Sink().Clear();
+    model.Classify(true);
+    EXPECT_EQ(inp_test::SinkRecords(), std::vector<std::string>{});
+    for (int i = 0; i < held.Count(); ++i) {
+        ASSERT_EQ(held[i].data.NumberOfLines(), i == 0 ? 8 : 1);
+        EXPECT_GT(held[i].data.NumberOfItems(0), 0) << i;
+    }
+    const omi_IntTable<inp_Element>& elements = model.partElements.ConstGet(cow_String("PART-1"));
+    ASSERT_TRUE(elements.HasKey(1) && elements.HasKey(2));
+    EXPECT_EQ(elements.ConstGet(1).numNodes, 8);
+    EXPECT_EQ(elements.ConstGet(2).numNodes, 16);  // the stacked element read its own lines
+    // The deck's eight nodes and the layer the stacked element made.
+    EXPECT_EQ(model.partCoordinates.instances.ConstGet(cow_String("PART-1"))->Count(), 16);
+
+    aio_ostringstream printed;
+    model.Print(printed);
+    printed.flush();
+    const std::string text = printed.str().c_str();
+    EXPECT_NE(text.find("8, 8.5, 0., 0."), std::string::npos) << text;
+    EXPECT_NE(text.find("1, 1, 2, 3, 4, 5, 6, 7, 8\n"), std::string::npos) << text;
 }

@@ -110,7 +110,13 @@ TEST(InstanceMap, ElementRenumberingFollowsScopeAndIdOrder) {
     elements.Insert(cow_String("a"), TableOf({2}));
     ElementMap before(elements);
 
+    // The ids alone come out the same and leave every table shared as it was.
+    const inpM_IdMap only = before.RenumberedIds(1);
     inpM_IdMap ids = elements.Renumber(1, false);
+    EXPECT_EQ(Pairs(only), Pairs(ids));
+    for (const char* scope : {"a", "b"})
+        EXPECT_EQ(Pairs(only.ConstGet(cow_String(scope))), Pairs(ids.ConstGet(cow_String(scope)))) << scope;
+    EXPECT_EQ(FirstNodes(before.ConstGet()), (IdPairs{{3, 3}, {7, 7}}));
     EXPECT_EQ(Pairs(ids), (IdPairs{{3, 1}, {7, 2}}));
     EXPECT_EQ(Pairs(ids.ConstGet(cow_String("a"))), (IdPairs{{2, 3}}));
     EXPECT_EQ(Pairs(ids.ConstGet(cow_String("b"))), (IdPairs{{1, 4}, {999999999, 5}}));

@@ -11,6 +11,7 @@
 #include "aio_ostream.h"
 #include "inp_Exceptions.h"
 #include "mem_BlockHeap.h"
+#include "mem_Malloc.h"
 #include "nex_Exception.h"
 
 namespace {
@@ -124,12 +125,12 @@ void inp_DataArrayImpl::PrintLine(int line, aio_ostream& out) const {
 }
 
 inp_RawDataArrayImpl::inp_RawDataArrayImpl()
-    : nrows(0), allocatedSize(kInitialRows), rows(nullptr), ncols(nullptr), m_stamp(NextStamp()) {
-    rows = static_cast<char**>(std::malloc(sizeof(char*) * kInitialRows));
-    ncols = static_cast<int*>(std::malloc(sizeof(int) * kInitialRows));
+    : nrows(0), allocatedSize(kInitialRows), rows(nullptr), ncols(nullptr), released(0), m_stamp(NextStamp()) {
+    rows = static_cast<char**>(mem_Malloc(sizeof(char*) * kInitialRows));
+    ncols = static_cast<int*>(mem_Malloc(sizeof(int) * kInitialRows));
     if (!rows || !ncols) {
-        std::free(rows);
-        std::free(ncols);
+        mem_Free(rows);
+        mem_Free(ncols);
         inp_MemoryException().Throw(__FILE__, __LINE__);
     }
 }
@@ -141,24 +142,31 @@ inp_RawDataArrayImpl::inp_RawDataArrayImpl(const inp_RawDataArrayImpl& other)
       allocatedSize(other.nrows),
       rows(nullptr),
       ncols(nullptr),
+      released(0),
       m_stamp(NextStamp()) {
     size_t n = static_cast<size_t>(other.nrows);
     if (n > 0) {
-        rows = static_cast<char**>(std::malloc(sizeof(char*) * n));
-        ncols = static_cast<int*>(std::malloc(sizeof(int) * n));
+        rows = static_cast<char**>(mem_Malloc(sizeof(char*) * n));
+        ncols = static_cast<int*>(mem_Malloc(sizeof(int) * n));
         if (!rows || !ncols) {
-            std::free(rows);
-            std::free(ncols);
+            mem_Free(rows);
+            mem_Free(ncols);
             inp_MemoryException().Throw(__FILE__, __LINE__);
         }
     }
     for (int i = 0; i < other.nrows; ++i) {
+        if (!other.rows[i]) {
+            rows[i] = nullptr;
+            ncols[i] = 0;
+            nrows = i + 1;
+            continue;
+        }
         int length = BlockLength(other.rows[i], other.ncols[i]);
         char* block = static_cast<char*>(mem_BlockMalloc(static_cast<size_t>(length)));
         if (!block) {
             for (int k = 0; k < nrows; ++k) mem_BlockFree(rows[k]);
-            std::free(rows);
-            std::free(ncols);
+            mem_Free(rows);
+            mem_Free(ncols);
             inp_MemoryException().Throw(__FILE__, __LINE__);
         }
         std::memcpy(block, other.rows[i], static_cast<size_t>(length));
@@ -170,8 +178,8 @@ inp_RawDataArrayImpl::inp_RawDataArrayImpl(const inp_RawDataArrayImpl& other)
 
 inp_RawDataArrayImpl::~inp_RawDataArrayImpl() {
     for (int i = 0; i < nrows; ++i) mem_BlockFree(rows[i]);
-    std::free(rows);
-    std::free(ncols);
+    mem_Free(rows);
+    mem_Free(ncols);
 }
 
 // The parameter names are those of the assertion texts, which callers may see.
@@ -300,6 +308,21 @@ cow_String inp_RawDataArrayImpl::AsStringVerbatim(int line, int item) const {
 
 int inp_DataArrayImpl::TextLength(int line, int item) const { return AsString(line, item).Length(); }
 
+void inp_DataArrayImpl::ReleaseLines(int) {}
+
+void inp_RawDataArrayImpl::ReleaseLines(int end) {
+    if (end > nrows) end = nrows;
+    if (end <= released) return;
+    for (int i = released; i < end; ++i) {
+        mem_BlockFree(rows[i]);
+        rows[i] = nullptr;
+        ncols[i] = 0;
+    }
+    released = end;
+    // A remembered item may lie in a freed block.
+    m_stamp = NextStamp();
+}
+
 inp_DataArrayImpl::IntItem inp_RawDataArrayImpl::ReadInt(int line, int item, int& value) const {
     if (line < 0 || line >= nrows || item < 0 || item >= ncols[line]) return kNoValue;
     const char* p = Item(line, item);
@@ -362,10 +385,10 @@ void inp_RawDataArrayImpl::Append(const char* text) {
     if (nrows + 1 > allocatedSize) {
         int size = allocatedSize * 2 < kInitialRows ? kInitialRows : allocatedSize * 2;
         // The first array may grow although the second fails: the larger one does no harm.
-        char** newRows = static_cast<char**>(std::realloc(rows, sizeof(char*) * static_cast<size_t>(size)));
+        char** newRows = static_cast<char**>(mem_Realloc(rows, sizeof(char*) * static_cast<size_t>(size)));
         if (!newRows) inp_MemoryException().Throw(__FILE__, __LINE__);
         rows = newRows;
-        int* newCols = static_cast<int*>(std::realloc(ncols, sizeof(int) * static_cast<size_t>(size)));
+        int* newCols = static_cast<int*>(mem_Realloc(ncols, sizeof(int) * static_cast<size_t>(size)));
         if (!newCols) inp_MemoryException().Throw(__FILE__, __LINE__);
         ncols = newCols;
         allocatedSize = size;
@@ -376,7 +399,7 @@ void inp_RawDataArrayImpl::Append(const char* text) {
 
 bool inp_RawDataArrayImpl::LastItemIsBlank(int i) const {
     NEX_ASSERT(i >= 0 && i < nrows);
-    return IsBlank(i, ncols[i] - 1);
+    return ncols[i] > 0 && IsBlank(i, ncols[i] - 1);
 }
 
 int inp_RawDataArrayImpl::PrintedLength(int line, int separator) const {
@@ -441,6 +464,7 @@ void inp_RawDataArrayImpl::RemoveLinesFrom(int line) {
     if (line < 0) line = 0;
     for (int k = line; k < nrows; ++k) mem_BlockFree(rows[k]);
     if (line < nrows) nrows = line;
+    if (released > nrows) released = nrows;
     m_stamp = NextStamp();
 }
 

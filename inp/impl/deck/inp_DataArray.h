@@ -50,6 +50,14 @@ public:
     virtual bool LastItemIsBlank(int line) const = 0;
     // A new array of the same kind and contents; the caller owns it.
     virtual inp_DataArrayImpl* Clone() const = 0;
+    // Gives back the storage of the lines before `end`, which read as lines without
+    // items from then on. For a pass that has taken a keyword's lines into a table
+    // and whose keyword the table will stand for: a million element lines are freed
+    // as they are read, not after the whole table has been built beside them. An
+    // array without storage per line keeps its lines.
+    virtual void ReleaseLines(int end);
+    // The lines a reader lets go of at a time.
+    static const int kReleaseBatch = 4096;
     // Writes the line as the deck printer does: each item's AsString, ", " between
     // them, no end of line. An array may write it without making the strings.
     virtual void PrintLine(int line, aio_ostream& out) const;
@@ -87,6 +95,7 @@ public:
     void Append(const char* line) override;
     bool LastItemIsBlank(int line) const override;
     inp_DataArrayImpl* Clone() const override;
+    void ReleaseLines(int end) override;
     void PrintLine(int line, aio_ostream& out) const override;
     // How long PrintLine writes the line with `separator` characters between the items.
     int PrintedLength(int line, int separator) const;
@@ -106,8 +115,9 @@ public:
 protected:
     int nrows;          // lines in use
     int allocatedSize;  // slots of rows and ncols
-    char** rows;        // one block per line
+    char** rows;        // one block per line; null for a released line
     int* ncols;         // items per line
+    int released;       // lines before it have been released
 
 private:
     inp_RawDataArrayImpl(const inp_RawDataArrayImpl& other);
@@ -153,6 +163,10 @@ public:
     bool LastItemIsBlank(int line) const { return SharedGet().LastItemIsBlank(line); }
     inp_DataArrayImpl* Clone() const { return SharedGet().Clone(); }
     void PrintLine(int line, aio_ostream& out) const { SharedGet().PrintLine(line, out); }
+    // Only an array that no other keyword shares gives its lines back.
+    void ReleaseLines(int end) {
+        if (Base::HasValue() && ShareCount() == 1) SharedGet().ReleaseLines(end);
+    }
 
     // The item when it exists, blank or not; otherwise the fallback in the same form
     // as an item, so that callers can read optional columns without asking first.

@@ -9,6 +9,7 @@
 #include "atr_Number.h"
 #include "inp_Exceptions.h"
 #include "mem_BlockHeap.h"
+#include "mem_Malloc.h"
 #include "nex_Exception.h"
 
 namespace {
@@ -30,17 +31,68 @@ int inp_ElementDataArrayImpl::LinesFor(int numNodes) {
 inp_ElementDataArrayImpl::inp_ElementDataArrayImpl(const inp_DataArray& raw)
     : nrows(0), ncols(nullptr), rows(nullptr) {
     inp_DataLineCursor cursor(raw);
+    PackLines(cursor, nullptr);
+}
+
+inp_ElementDataArrayImpl::inp_ElementDataArrayImpl(inp_DataArray& raw, bool releaseRaw)
+    : nrows(0), ncols(nullptr), rows(nullptr) {
+    inp_DataLineCursor cursor(raw);
+    PackLines(cursor, releaseRaw ? &raw : nullptr);
+}
+
+void inp_ElementDataArrayImpl::PackLines(inp_DataLineCursor& cursor, inp_DataArray* releasing) {
     AllocateArrays(cursor.NumberOfLines());
     try {
         for (int i = 0; i < cursor.NumberOfLines(); ++i) {
             int items = cursor.SeekLine(i);
             int* values = NewLine(i, items);
             for (int j = 0; j < items; ++j) values[j] = std::atoi(cursor.NextItem());
+            if (releasing && (i + 1) % kReleaseBatch == 0) releasing->ReleaseLines(i + 1);
         }
     } catch (...) {
         Release();
         throw;
     }
+    if (releasing) releasing->ReleaseLines(cursor.NumberOfLines());
+}
+
+namespace {
+
+// A nonzero integer of at most nine characters between blanks, as the raw array's
+// typing and TextLength see it.
+bool IsPlainId(const char* p) {
+    while (*p == ' ' || *p == '\t') ++p;
+    const char* start = p;
+    if (*p == '-') ++p;
+    bool nonzero = false;
+    const char* digits = p;
+    for (; *p >= '0' && *p <= '9'; ++p) nonzero = nonzero || *p != '0';
+    if (p == digits || p - start > 9 || !nonzero) return false;
+    while (*p == ' ' || *p == '\t') ++p;
+    return *p == '\0';
+}
+
+bool IsBlankText(const char* p) {
+    while (*p == ' ' || *p == '\t') ++p;
+    return *p == '\0';
+}
+
+}  // namespace
+
+bool inp_ElementDataArrayImpl::PacksExactly(const inp_DataArray& raw) {
+    if (!raw.HasValue()) return false;
+    const auto* lines = dynamic_cast<const inp_RawDataArrayImpl*>(&raw.ConstGet());
+    if (!lines) return false;
+    for (int i = 0; i < lines->NumberOfLines(); ++i) {
+        const int items = lines->NumberOfItems(i);
+        const char* item = lines->LineBlock(i);
+        for (int j = 0; j < items; ++j) {
+            const bool ok = IsPlainId(item) || (j == items - 1 && items > kLineNodes && IsBlankText(item));
+            if (!ok) return false;
+            item += std::strlen(item) + 1;
+        }
+    }
+    return true;
 }
 
 inp_ElementDataArrayImpl::inp_ElementDataArrayImpl(const cow_Map<int, cow_1DArrayList<int>>& connectivity)
@@ -85,8 +137,11 @@ inp_ElementDataArrayImpl::inp_ElementDataArrayImpl(const inp_ElementDataArrayImp
     : inp_DataArrayImpl(), nrows(0), ncols(nullptr), rows(nullptr) {
     AllocateArrays(other.nrows);
     try {
-        for (int i = 0; i < other.nrows; ++i)
-            std::memcpy(NewLine(i, other.ncols[i]), other.rows[i], sizeof(int) * static_cast<size_t>(other.ncols[i]));
+        for (int i = 0; i < other.nrows; ++i) {
+            int* values = NewLine(i, other.ncols[i]);
+            if (other.ncols[i] > 0)
+                std::memcpy(values, other.rows[i], sizeof(int) * static_cast<size_t>(other.ncols[i]));
+        }
     } catch (...) {
         Release();
         throw;
@@ -97,11 +152,11 @@ inp_ElementDataArrayImpl::~inp_ElementDataArrayImpl() { Release(); }
 
 void inp_ElementDataArrayImpl::AllocateArrays(int size) {
     if (size <= 0) return;
-    rows = static_cast<int**>(std::malloc(sizeof(int*) * static_cast<size_t>(size)));
-    ncols = static_cast<int*>(std::malloc(sizeof(int) * static_cast<size_t>(size)));
+    rows = static_cast<int**>(mem_Malloc(sizeof(int*) * static_cast<size_t>(size)));
+    ncols = static_cast<int*>(mem_Malloc(sizeof(int) * static_cast<size_t>(size)));
     if (!rows || !ncols) {
-        std::free(rows);
-        std::free(ncols);
+        mem_Free(rows);
+        mem_Free(ncols);
         rows = nullptr;
         ncols = nullptr;
         inp_MemoryException().Throw(__FILE__, __LINE__);
@@ -121,11 +176,12 @@ int* inp_ElementDataArrayImpl::NewLine(int i, int items) {
 
 void inp_ElementDataArrayImpl::Release() {
     for (int i = 0; i < nrows; ++i) mem_BlockFree(rows[i]);
-    std::free(rows);
-    std::free(ncols);
+    mem_Free(rows);
+    mem_Free(ncols);
     rows = nullptr;
     ncols = nullptr;
     nrows = 0;
+    released = 0;
 }
 
 template <class NodeAt>
@@ -205,13 +261,37 @@ void inp_ElementDataArrayImpl::Append(const char*) {
 
 bool inp_ElementDataArrayImpl::LastItemIsBlank(int i) const {
     NEX_ASSERT(i >= 0 && i < nrows);
-    return rows[i][ncols[i] - 1] == 0;
+    return ncols[i] > 0 && rows[i][ncols[i] - 1] == 0;
+}
+
+void inp_ElementDataArrayImpl::ReleaseLines(int end) {
+    if (end > nrows) end = nrows;
+    for (int i = released; i < end; ++i) {
+        mem_BlockFree(rows[i]);
+        rows[i] = nullptr;
+        ncols[i] = 0;
+    }
+    if (end > released) released = end;
+}
+
+int inp_ElementDataArrayImpl::TextLength(int line, int item) const {
+    CheckItem(line, item);
+    char buffer[atr_kNumberChars];
+    return atr_WriteInt(rows[line][item], buffer);
+}
+
+inp_DataArrayImpl::IntItem inp_ElementDataArrayImpl::ReadInt(int line, int item, int& value) const {
+    if (!HasValue(line, item)) return kNoValue;
+    if (TextLength(line, item) > 9) return kTooLong;
+    value = rows[line][item];
+    return kInt;
 }
 
 void inp_ElementDataArrayImpl::PrintLine(int line, aio_ostream& out) const {
     NEX_ASSERT(line >= 0 && line < nrows);
     // Only a line of an element that goes on holds more than 16 items.
     const int items = ncols[line];
+    if (items == 0) return;
     const bool continued = items > kLineNodes && rows[line][items - 1] == 0;
     const int written = continued ? items - 1 : items;
     char buffer[16 * 16];
@@ -224,7 +304,8 @@ void inp_ElementDataArrayImpl::PrintLine(int line, aio_ostream& out) const {
         used += atr_WriteInt(rows[line][j], buffer + used);
         out.write(buffer, static_cast<size_t>(used));
     }
-    if (continued) out.write(",", 1);
+    // As a raw line prints its blank last item, so that both forms print alike.
+    if (continued) out.write(", ", 2);
 }
 
 inp_DataArrayImpl* inp_ElementDataArrayImpl::Clone() const { return new inp_ElementDataArrayImpl(*this); }

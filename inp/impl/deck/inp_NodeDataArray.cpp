@@ -10,6 +10,7 @@
 #include "inpM_OmiSet.h"
 #include "inp_Exceptions.h"
 #include "mem_BlockHeap.h"
+#include "mem_Malloc.h"
 #include "nex_Exception.h"
 
 namespace {
@@ -112,10 +113,20 @@ inp_NodeDataArrayImpl::inp_NodeDataArrayImpl(int capacity)
 inp_NodeDataArrayImpl::inp_NodeDataArrayImpl(const inp_DataArray& raw)
     : nrows(0), allocatedSize(0), labels(nullptr), coords(nullptr) {
     inp_DataLineCursor cursor(raw);
+    Pack(cursor, nullptr);
+}
+
+inp_NodeDataArrayImpl::inp_NodeDataArrayImpl(inp_DataArray& raw, bool releaseRaw)
+    : nrows(0), allocatedSize(0), labels(nullptr), coords(nullptr) {
+    inp_DataLineCursor cursor(raw);
+    Pack(cursor, releaseRaw ? &raw : nullptr);
+}
+
+void inp_NodeDataArrayImpl::Pack(inp_DataLineCursor& cursor, inp_DataArray* releasing) {
     AllocateArrays(cursor.NumberOfLines());
     nrows = allocatedSize;
     try {
-        PackLines(cursor);
+        PackLines(cursor, releasing);
     } catch (...) {
         Release();
         throw;
@@ -128,6 +139,7 @@ inp_NodeDataArrayImpl::inp_NodeDataArrayImpl(const inp_NodeDataArrayImpl& other)
     nrows = allocatedSize;
     try {
         for (int i = 0; i < nrows; ++i) {
+            if (!other.coords[i]) continue;
             std::memcpy(NewBlock(i), other.coords[i], sizeof(double) * kValues);
             labels[i] = other.labels[i];
         }
@@ -141,12 +153,12 @@ inp_NodeDataArrayImpl::~inp_NodeDataArrayImpl() { Release(); }
 
 void inp_NodeDataArrayImpl::AllocateArrays(int size) {
     if (size <= 0) return;
-    labels = static_cast<int*>(std::calloc(static_cast<size_t>(size), sizeof(int)));
+    labels = static_cast<int*>(mem_Calloc(static_cast<size_t>(size), sizeof(int)));
     // Null slots until each block is made, so that a failure half way frees only blocks.
-    coords = static_cast<double**>(std::calloc(static_cast<size_t>(size), sizeof(double*)));
+    coords = static_cast<double**>(mem_Calloc(static_cast<size_t>(size), sizeof(double*)));
     if (!labels || !coords) {
-        std::free(labels);
-        std::free(coords);
+        mem_Free(labels);
+        mem_Free(coords);
         labels = nullptr;
         coords = nullptr;
         inp_MemoryException().Throw(__FILE__, __LINE__);
@@ -163,19 +175,21 @@ double* inp_NodeDataArrayImpl::NewBlock(int i) {
 
 void inp_NodeDataArrayImpl::Release() {
     for (int i = 0; i < allocatedSize; ++i) mem_BlockFree(coords[i]);
-    std::free(coords);
-    std::free(labels);
+    mem_Free(coords);
+    mem_Free(labels);
     coords = nullptr;
     labels = nullptr;
     nrows = 0;
+    released = 0;
     allocatedSize = 0;
 }
 
 // The hot path of a large deck: one block per line and one walk over the items, with
 // no string made unless a message needs one.
-void inp_NodeDataArrayImpl::PackLines(inp_DataLineCursor& cursor) {
+void inp_NodeDataArrayImpl::PackLines(inp_DataLineCursor& cursor, inp_DataArray* releasing) {
     inpM_OmiSet badNodes;
     for (int i = 0; i < nrows; ++i) {
+        if (releasing && i > 0 && i % kReleaseBatch == 0) releasing->ReleaseLines(i);
         double* block = NewBlock(i);
         int items = cursor.SeekLine(i);
         if (items < 1) continue;  // no raw line is so; another kind of array might be
@@ -189,19 +203,31 @@ void inp_NodeDataArrayImpl::PackLines(inp_DataLineCursor& cursor) {
             if (!ReadValue(cursor.NextItem(), block[j - 1])) bad = true;
         if (bad) badNodes.Insert(labels[i]);
     }
+    if (releasing) releasing->ReleaseLines(nrows);
     if (!badNodes.IsEmpty()) RaiseBadValues(badNodes);
 }
 
 void inp_NodeDataArrayImpl::CheckItem(int i, int j) const {
     NEX_ASSERT(i >= 0 && i < nrows);
     NEX_ASSERT(j >= 0 && j < 7);
+    NEX_ASSERT(coords[i] != nullptr);
 }
 
 int inp_NodeDataArrayImpl::NumberOfLines() const { return nrows; }
 
 int inp_NodeDataArrayImpl::NumberOfItems(int i) const {
     NEX_ASSERT(i >= 0 && i < nrows);
-    return kItems;
+    return coords[i] ? kItems : 0;
+}
+
+void inp_NodeDataArrayImpl::ReleaseLines(int end) {
+    if (end > nrows) end = nrows;
+    for (int i = released; i < end; ++i) {
+        mem_BlockFree(coords[i]);
+        coords[i] = nullptr;
+        labels[i] = 0;
+    }
+    if (end > released) released = end;
 }
 
 inp_Types::typeEnm inp_NodeDataArrayImpl::Type(int line, int item) const {
@@ -212,7 +238,7 @@ inp_Types::typeEnm inp_NodeDataArrayImpl::Type(int line, int item) const {
 bool inp_NodeDataArrayImpl::IsBlank(int, int) const { return false; }
 
 bool inp_NodeDataArrayImpl::HasValue(int line, int item) const {
-    if (line < 0 || line >= nrows || item < 0 || item >= kItems) return false;
+    if (line < 0 || line >= nrows || item < 0 || item >= kItems || !coords[line]) return false;
     return !IsBlank(line, item);
 }
 

@@ -18,6 +18,9 @@ public:
     // Packs a raw *NODE array. Raises at once on a bad label; bad coordinates are
     // gathered over all lines and raised together at the end, naming the nodes.
     explicit inp_NodeDataArrayImpl(const inp_DataArray& raw);
+    // The same, giving the raw lines back as they are packed (see ReleaseLines). On a
+    // raise the raw array has lost lines: for a caller that drops the keyword then.
+    inp_NodeDataArrayImpl(inp_DataArray& raw, bool releaseRaw);
     // Sized to the lines in use.
     inp_NodeDataArrayImpl(const inp_NodeDataArrayImpl& other);
     inp_NodeDataArrayImpl& operator=(const inp_NodeDataArrayImpl&) = delete;
@@ -44,6 +47,8 @@ public:
     void Append(const char* line) override;
     bool LastItemIsBlank(int line) const override;
     inp_DataArrayImpl* Clone() const override;
+    // A released line has no items and prints as nothing.
+    void ReleaseLines(int end) override;
 
     // Stores a node in the next line, keeping that line's normal; gives the new number of
     // lines. The array holds one node fewer than its capacity.
@@ -53,7 +58,8 @@ protected:
     int nrows;          // lines in use
     int allocatedSize;  // slots of labels and coords, each with its block
     int* labels;
-    double** coords;    // per line: x, y, z, then the normal nx, ny, nz
+    double** coords;    // per line: x, y, z, then the normal nx, ny, nz; null once released
+    int released = 0;   // lines before it have been released
 
 private:
     // Allocates the two arrays for `size` lines, the blocks not yet.
@@ -63,7 +69,8 @@ private:
     void Release();
     // Checks both indices; the names are those of the assertion texts.
     void CheckItem(int i, int j) const;
-    void PackLines(inp_DataLineCursor& cursor);
+    void Pack(inp_DataLineCursor& cursor, inp_DataArray* releasing);
+    void PackLines(inp_DataLineCursor& cursor, inp_DataArray* releasing);
 };
 
 #endif

@@ -6,6 +6,8 @@ inp_FakePartElementVisitor::inp_FakePartElementVisitor(const inpM_SetMap& elemen
     : inp_ElementVisitor(elementSets, storeConnectivity) {
     instanceName = cow_String(inp_Types::fakeName());
     elements.Insert(instanceName, omi_IntTable<inp_Element>());
+    // The converted deck holds its mesh in the part maps, not in keyword lines.
+    releaseReadLines = true;
 }
 
 inp_FakePartNodeVisitor::inp_FakePartNodeVisitor(const inpM_ElementMap& elementMap, const inpM_SetMap& elementSets,
@@ -15,6 +17,7 @@ inp_FakePartNodeVisitor::inp_FakePartNodeVisitor(const inpM_ElementMap& elementM
       hasSymmetricModelGeneration(symmetricModelGeneration) {
     instanceName = cow_String(inp_Types::fakeName());
     coordMap.instances.Insert(instanceName, inp_CoordMap::Handle(new inp_CoordMap()));
+    releaseReadLines = true;
 }
 
 // The generated model makes the node sets of element sets itself; the keyword goes to

@@ -81,8 +81,7 @@ void inp_Deck::ConvertFlatDeck(bool fullConversion) {
     // The ids of the model laid out in one range: the scoped references need them.
     inp_CoordMap renumberedNodes = partCoordinates;
     const inpM_IdMap nodeIds = renumberedNodes.Renumber(1, false);
-    inpM_ElementMap renumberedElements = partElements;
-    const inpM_IdMap elementIds = renumberedElements.Renumber(1, false);
+    const inpM_IdMap elementIds = partElements.RenumberedIds(1);
 
     // Each set to the part that uses it, or to the assembly.
     std::unique_ptr<inp_FakePartSetAssignVisitor> assignment(

@@ -146,6 +146,8 @@ void inp_ElementVisitor::VisitElement(inp_Keyword& keyword) {
     cow_1DArrayList<int> tooMany, tooFew;
     std::vector<int> nodes;
     bool expanded = false;
+    const bool releasing = releaseReadLines && !stacked;
+    int released = 0;
     for (int line = 0; line < numLines; ++line) {
         // The element number.
         if (data.NumberOfItems(line) == 0 || data.Type(line, 0) != inp_Types::typeInt) {
@@ -276,7 +278,12 @@ void inp_ElementVisitor::VisitElement(inp_Keyword& keyword) {
         if (count < minNodes) tooFew.Append(id);
         table.Insert(id, inp_Element(type, nodes.data(), static_cast<int>(nodes.size()), bottomNodes, layerOffset,
                                      solidNumbering));
+        if (releasing && line + 1 - released >= inp_DataArrayImpl::kReleaseBatch) {
+            keyword.data.ReleaseLines(line + 1);
+            released = line + 1;
+        }
     }
+    if (releasing) keyword.data.ReleaseLines(numLines);
 
     if (!tooMany.IsEmpty())
         warnings.Append(inp_Utils::MessageInKeyword(

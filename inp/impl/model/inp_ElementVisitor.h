@@ -38,6 +38,10 @@ public:
     inpM_InstanceMap<cow_String> instanceToPart;
     bool searchAllInstances = false;
     bool storeConnectivity;
+    // Gives back the lines of an *ELEMENT keyword as the table takes them in, for a
+    // pass whose keyword list the tables will stand for (the flat-deck conversion);
+    // stacked elements keep their lines, which a later pass reads.
+    bool releaseReadLines = false;
     // Node count of each user element type; -1 when its definition is in a file.
     cow_Map<cow_String, int> userElements;
     cow_Map<cow_String, inp_ElementInfo> elementInfo;

@@ -92,6 +92,7 @@ void inp_NodeVisitor::VisitNode(inp_Keyword& keyword) {
     inp_CoordMap* map = ScopeMap();
     const bool placed = !systemTransform.IsIdentity();
     cow_1DArrayList<int> ids(data.NumberOfLines());
+    int released = 0;
     for (int line = 0; line < data.NumberOfLines(); ++line) {
         if (data.NumberOfItems(line) == 0) continue;
         const int id = data.AsInt(line, 0);
@@ -125,7 +126,12 @@ void inp_NodeVisitor::VisitNode(inp_Keyword& keyword) {
             errors.Append(inp_Utils::MessageInKeyword(
                 keyword, atr_Format("Unknown instance or part name %s is encountered while processing the *NODE keyword.",
                                     KeywordScope())));
+        if (releaseReadLines && line + 1 - released >= inp_DataArrayImpl::kReleaseBatch) {
+            keyword.data.ReleaseLines(line + 1);
+            released = line + 1;
+        }
     }
+    if (releaseReadLines) keyword.data.ReleaseLines(data.NumberOfLines());
     AddKeywordSet(keyword, "nset", ids, false, false);
 }
 

@@ -45,6 +45,9 @@ public:
     inpM_SetMap elementSets;
     bool searchAllInstances = false;
     bool computeCoordinates;
+    // Gives back the lines of a *NODE keyword as the map takes them in, for a pass
+    // whose keyword list the maps will stand for (the flat-deck conversion).
+    bool releaseReadLines = false;
 
 
 private:

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "inp_DataArray.h"
+#include "inp_ElementDataArray.h"
 #include "inp_NodeDataArray.h"
 #include "inp_Utils.h"
 #include "nex_Exception.h"
@@ -480,9 +481,16 @@ void inp_KeywordExpansionVisitor::VisitRigidSurface(inp_Keyword& keyword) {
 
 void inp_KeywordExpansionVisitor::VisitElement(inp_Keyword& keyword) {
     ApplyRule(keyword);
-    if (keyword.HasParameter(cow_String("file"))) hasElementFile = true;
-    // Element data stays raw here: this pass keeps no part or instance context, and
-    // every later pass reads elements through the data array interface.
+    if (keyword.HasParameter(cow_String("file"))) {
+        hasElementFile = true;
+        return;
+    }
+    if (keyword.keyword == inp_kwUndefined) return;
+    // Connectivity of nothing but plain ids is packed, in a little over half the
+    // memory of its text: the element tables are built beside it. Lines with anything a message would have
+    // to quote as written stay raw, and every pass reads both forms alike.
+    if (inp_ElementDataArrayImpl::PacksExactly(keyword.data))
+        keyword.data = inp_DataArray(new inp_ElementDataArrayImpl(keyword.data, true));
 }
 
 void inp_KeywordExpansionVisitor::VisitNmap(inp_Keyword& keyword) {
@@ -496,6 +504,7 @@ void inp_KeywordExpansionVisitor::VisitNode(inp_Keyword& keyword) {
     ApplyRule(keyword);
     if (keyword.keyword == inp_kwUndefined) return;
     // The one place node data is packed: every later pass reads labels and coordinates
-    // from it. A bad label or coordinate raises, and Visit reports it and drops the keyword.
-    keyword.data = inp_DataArray(new inp_NodeDataArrayImpl(keyword.data));
+    // from it. A bad label or coordinate raises, and Visit reports it and drops the
+    // keyword, so the raw lines can go as they are packed.
+    keyword.data = inp_DataArray(new inp_NodeDataArrayImpl(keyword.data, true));
 }
