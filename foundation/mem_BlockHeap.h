@@ -11,7 +11,8 @@
 // or the pop of the chunk's free list. Chunks are cut from one address range that is
 // reserved once and committed only as pages are touched; once a size has filled a
 // chunk, its further chunks ask the kernel for huge pages. A chunk whose last block is
-// freed goes back to the system. Larger blocks, and every block when the range cannot
+// freed goes back to the system, but for the last few, whose pages the next chunks
+// take without a fault. Larger blocks, and every block when the range cannot
 // be reserved (a strict overcommit policy, a tight address space limit), come from
 // mem_Malloc.
 //
@@ -35,6 +36,7 @@ struct mem_BlockHeapStats {
     bool reserved = false;       // false: every block comes from mem_Malloc
     std::size_t chunksInUse = 0; // chunks that hold at least one block or serve a size
     std::size_t blocksInUse = 0;
+    std::size_t chunksKept = 0;  // emptied chunks that keep their pages for the next ones
 };
 mem_BlockHeapStats mem_BlockHeapState();
 

@@ -95,6 +95,9 @@ TEST(BlockHeap, ChunksGoBackWhenTheirBlocksAreFreedInAnyOrder) {
         const mem_BlockHeapStats after = mem_BlockHeapState();
         EXPECT_EQ(after.blocksInUse, before.blocksInUse);
         EXPECT_LE(after.chunksInUse, before.chunksInUse + 1) << "pass " << pass;
+        // A few keep their pages for the next chunks; the others went back.
+        EXPECT_GT(after.chunksKept, 0u);
+        EXPECT_LE(after.chunksKept, 8u);
     }
 }
 

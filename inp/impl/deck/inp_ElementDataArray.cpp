@@ -17,6 +17,21 @@ namespace {
 const int kFirstLineNodes = 15;  // behind the element id
 const int kLineNodes = 16;
 
+// What atoi reads, without its locale and its cost: the packed lines of a large deck
+// are millions of items. A value past the int range is cut to it.
+int ReadInteger(const char* p) {
+    while (*p == ' ' || (*p >= '\t' && *p <= '\r')) ++p;
+    const bool negative = *p == '-';
+    if (*p == '-' || *p == '+') ++p;
+    long long value = 0;
+    for (; *p >= '0' && *p <= '9'; ++p)
+        if (value <= 2147483648LL) value = value * 10 + (*p - '0');
+    if (negative) value = -value;
+    if (value > 2147483647LL) return 2147483647;
+    if (value < -2147483648LL) return -2147483647 - 1;
+    return static_cast<int>(value);
+}
+
 [[noreturn]] void Raise(const char* text, int line) {
     nex_TextException(atr_translate(text).Result()).Throw(__FILE__, line);
 }
@@ -46,7 +61,7 @@ void inp_ElementDataArrayImpl::PackLines(inp_DataLineCursor& cursor, inp_DataArr
         for (int i = 0; i < cursor.NumberOfLines(); ++i) {
             int items = cursor.SeekLine(i);
             int* values = NewLine(i, items);
-            for (int j = 0; j < items; ++j) values[j] = std::atoi(cursor.NextItem());
+            for (int j = 0; j < items; ++j) values[j] = ReadInteger(cursor.NextItem());
             if (releasing && (i + 1) % kReleaseBatch == 0) releasing->ReleaseLines(i + 1);
         }
     } catch (...) {
@@ -58,23 +73,22 @@ void inp_ElementDataArrayImpl::PackLines(inp_DataLineCursor& cursor, inp_DataArr
 
 namespace {
 
+bool IsBlankChar(char c) { return c == ' ' || c == '\t'; }
+
 // A nonzero integer of at most nine characters between blanks, as the raw array's
-// typing and TextLength see it.
-bool IsPlainId(const char* p) {
-    while (*p == ' ' || *p == '\t') ++p;
+// typing and TextLength see it, or a blank item where `blankAllowed`. Gives the start
+// of the next item, or null when the item is neither.
+const char* PastPlainItem(const char* p, bool blankAllowed) {
+    while (IsBlankChar(*p)) ++p;
+    if (*p == '\0') return blankAllowed ? p + 1 : nullptr;
     const char* start = p;
     if (*p == '-') ++p;
-    bool nonzero = false;
     const char* digits = p;
+    bool nonzero = false;
     for (; *p >= '0' && *p <= '9'; ++p) nonzero = nonzero || *p != '0';
-    if (p == digits || p - start > 9 || !nonzero) return false;
-    while (*p == ' ' || *p == '\t') ++p;
-    return *p == '\0';
-}
-
-bool IsBlankText(const char* p) {
-    while (*p == ' ' || *p == '\t') ++p;
-    return *p == '\0';
+    if (p == digits || p - start > 9 || !nonzero) return nullptr;
+    while (IsBlankChar(*p)) ++p;
+    return *p == '\0' ? p + 1 : nullptr;
 }
 
 }  // namespace
@@ -86,11 +100,8 @@ bool inp_ElementDataArrayImpl::PacksExactly(const inp_DataArray& raw) {
     for (int i = 0; i < lines->NumberOfLines(); ++i) {
         const int items = lines->NumberOfItems(i);
         const char* item = lines->LineBlock(i);
-        for (int j = 0; j < items; ++j) {
-            const bool ok = IsPlainId(item) || (j == items - 1 && items > kLineNodes && IsBlankText(item));
-            if (!ok) return false;
-            item += std::strlen(item) + 1;
-        }
+        for (int j = 0; j < items && item; ++j) item = PastPlainItem(item, j == items - 1 && items > kLineNodes);
+        if (!item) return false;
     }
     return true;
 }
