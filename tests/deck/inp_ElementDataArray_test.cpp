@@ -218,6 +218,23 @@ TEST(ElementDataArray, OnlyLinesThatReadTheSamePackedArePacked) {
     // A packed array is not raw text.
     inp_DataArray packed(new inp_ElementDataArrayImpl(ArrayOf({"1, 2"})));
     EXPECT_FALSE(inp_ElementDataArrayImpl::PacksExactly(packed));
+
+    // Values a table puts in are measured as their text would be.
+    cow_Map<int, cow_1DArrayList<int>> table;
+    cow_1DArrayList<int> nodes;
+    for (int node : {1234567890, 999999999, -99999999, -100000000, -7, 10}) nodes.Append(node);
+    table.Insert(1, nodes);
+    inp_DataArray wide(new inp_ElementDataArrayImpl(table));
+    const int lengths[] = {1, 10, 9, 9, 10, 2, 2};
+    const inp_DataArrayImpl::IntItem reads[] = {inp_DataArrayImpl::kInt,     inp_DataArrayImpl::kTooLong,
+                                                inp_DataArrayImpl::kInt,     inp_DataArrayImpl::kInt,
+                                                inp_DataArrayImpl::kTooLong, inp_DataArrayImpl::kInt,
+                                                inp_DataArrayImpl::kInt};
+    for (int j = 0; j < 7; ++j) {
+        int value = 0;
+        EXPECT_EQ(wide.TextLength(0, j), lengths[j]) << j;
+        EXPECT_EQ(wide.ReadInt(0, j, value), reads[j]) << j;
+    }
 }
 
 TEST(ElementDataArray, PackingGivesTheRawLinesBackUnlessShared) {

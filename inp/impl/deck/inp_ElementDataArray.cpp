@@ -287,14 +287,22 @@ void inp_ElementDataArrayImpl::ReleaseLines(int end) {
 
 int inp_ElementDataArrayImpl::TextLength(int line, int item) const {
     CheckItem(line, item);
-    char buffer[atr_kNumberChars];
-    return atr_WriteInt(rows[line][item], buffer);
+    const long long value = rows[line][item];
+    unsigned long long magnitude = value < 0 ? static_cast<unsigned long long>(-value) : value;
+    int digits = 1;
+    while (magnitude >= 10) {
+        magnitude /= 10;
+        ++digits;
+    }
+    return digits + (value < 0 ? 1 : 0);
 }
 
 inp_DataArrayImpl::IntItem inp_ElementDataArrayImpl::ReadInt(int line, int item, int& value) const {
-    if (!HasValue(line, item)) return kNoValue;
-    if (TextLength(line, item) > 9) return kTooLong;
-    value = rows[line][item];
+    if (line < 0 || line >= nrows || item < 0 || item >= ncols[line] || rows[line][item] == 0) return kNoValue;
+    const int stored = rows[line][item];
+    // Nine characters, a minus sign counted.
+    if (stored > 999999999 || stored < -99999999) return kTooLong;
+    value = stored;
     return kInt;
 }
 
