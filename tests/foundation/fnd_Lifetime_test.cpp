@@ -78,7 +78,8 @@ TEST(MemMalloc, LargeBlocksGoBackToTheSystemEveryTime) {
         const long after = ResidentKb();
         if (before < 0) GTEST_SKIP() << "no /proc/self/status";
         EXPECT_GT(held - before, static_cast<long>(size / 1024) * 9 / 10);
-        EXPECT_LT(after - before, static_cast<long>(size / 1024) / 10) << size;
+        // A sanitizer's shadow of the block, an eighth of it, may stay.
+        EXPECT_LT(after - before, static_cast<long>(size / 1024) / 5) << size;
     }
 }
 
