@@ -274,7 +274,7 @@ void inp_Parser::SkipToKeyword(bool collect) {
 
 cow_1DArrayList<inp_Keyword> inp_Parser::Parse(bool strict) {
     omi_Timer timer;
-    timer.Start();
+    if (typ_DebugFlags::GetDebugFlags(kDebugFlag) >= 1) timer.Start();
 
     // Only a regular file is opened: a device or a pipe named as an include file could
     // block the reader or feed it without end.
