@@ -170,8 +170,16 @@ inp_Utils::Generation inp_Utils::ExpandDataGeneration(const inp_DataArray& data,
     return result;
 }
 
+namespace {
+const unsigned kTimingFlag = 30;
+}  // namespace
+
+void inp_Utils::StartTiming(omi_Timer& timer) {
+    if (typ_DebugFlags::GetDebugFlags(kTimingFlag) >= 1) timer.Start();
+}
+
 void inp_Utils::TimingLine(const char* file, int line, const char* text, const omi_Timer& timer) {
-    if (typ_DebugFlags::GetDebugFlags(30) < 1) return;
+    if (typ_DebugFlags::GetDebugFlags(kTimingFlag) < 1) return;
     pnt_PrettyPrint& debug = pnt_debugPrint();
     debug.StartDebug(file, line);
     debug << text << timer.GetElapsedTime() << "  CPU time: " << timer.GetTotalCpuTime() << endl;

@@ -31,7 +31,7 @@ void inp_Deck::Parse(cow_String name) {
 
 void inp_Deck::ExpandKeywords() {
     omi_Timer timer;
-    timer.Start();
+    inp_Utils::StartTiming(timer);
     inp_KeywordExpansionVisitor expansion;
     expansion.includeDirectory = includeDirectory;
     expansion.defaultRestartStep = defaultRestartStep;
@@ -113,7 +113,7 @@ void inp_Deck::CheckImportUse(bool skipImportRules) {
 
 void inp_Deck::ExtractPartMaps() {
     omi_Timer timer;
-    timer.Start();
+    inp_Utils::StartTiming(timer);
     inp_PartElementVisitor elementPass;
     elementPass.VisitListAndReport(keywords);
     inp_PartNodeVisitor nodePass(elementPass.elements, elementPass.setMap);
@@ -136,7 +136,7 @@ void inp_Deck::ExtractPartMaps() {
 
 void inp_Deck::ExtractAssemblyMaps() {
     omi_Timer timer;
-    timer.Start();
+    inp_Utils::StartTiming(timer);
     // A continuation job that takes its geometry from the earlier one counts ids only.
     const bool computeCoordinates =
         replaceInheritedMaps || !hasInheritedPartMap || !(hasImport || hasSymmetricModelGeneration);
@@ -196,7 +196,7 @@ void inp_Deck::ExtractAssemblyMaps() {
 
 void inp_Deck::CheckOutOfPlace() {
     omi_Timer timer;
-    timer.Start();
+    inp_Utils::StartTiming(timer);
     inp_PartInventoryVisitor inventory(partElements, assemblyElements, partElementSets, assemblyElementSets);
     if (isAssemblyDeck) {
         inventory.VisitList(keywords);
@@ -210,7 +210,7 @@ void inp_Deck::CheckOutOfPlace() {
 
 void inp_Deck::setModelParameters() {
     omi_Timer timer;
-    timer.Start();
+    inp_Utils::StartTiming(timer);
     inp_ModelParameterVisitor visitor(modelParameters);
     visitor.VisitListAndReport(keywords);
     timer.Stop();

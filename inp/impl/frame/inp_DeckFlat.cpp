@@ -23,7 +23,7 @@
 
 void inp_Deck::ConvertFlatDeck(bool fullConversion) {
     omi_Timer timer;
-    timer.Start();
+    inp_Utils::StartTiming(timer);
     wip_WIP& sink = thr_ThreadSingleton<wip_WIP>::Instance();
     const cow_String fake(inp_Types::fakeName());
     RemovePeriodsInNames();

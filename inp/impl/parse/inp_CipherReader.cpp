@@ -51,8 +51,9 @@ bool inp_CipherReader::HasMarker(const char* line) {
 }
 
 void inp_CipherReader::DecryptLine(char* buffer, int capacity, int lineNumber, const cow_String& fileName) {
+    // Told only in the debug output; the clocks are a system call to read, twice a line.
     omi_Timer timer;
-    timer.Start();
+    if (typ_DebugFlags::GetDebugFlags(kDebugFlag) >= 1) timer.Start();
     if (m_password.IsEmpty()) {
         inp_EncryptionException(lineNumber, fileName,
                                 atr_Format("The encrypted input file, \"%s\", requires a password.", fileName))

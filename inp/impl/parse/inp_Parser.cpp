@@ -274,7 +274,7 @@ void inp_Parser::SkipToKeyword(bool collect) {
 
 cow_1DArrayList<inp_Keyword> inp_Parser::Parse(bool strict) {
     omi_Timer timer;
-    timer.Start();
+    if (typ_DebugFlags::GetDebugFlags(kDebugFlag) >= 1) timer.Start();
 
     // Only a regular file is opened: a device or a pipe named as an include file could
     // block the reader or feed it without end.
@@ -484,21 +484,23 @@ cow_String inp_Parser::LocateInclude(const inp_Keyword& include, cow_String& pas
     if (name.StartsWith("<") && name.EndsWith(">"))
         inp_ParameterizedIncludeFileException(line, m_fileName, name).Throw(__FILE__, __LINE__);
 
-    // The current directory first, then the include directory.
-    utl_FilePath path(name, cow_String());
-    if (!path.Exists()) {
-        path.SetFilePath(name, m_includeDirectory);
-        if (!path.Exists()) {
-            // "None" is what a value of no type reads as, which a lenient parse lets
-            // through; it names no file that anybody wrote.
-            if (name != "None") m_missingFiles.AppendUnlessMember(path.FileName());
-            inp_MissingIncludeFileException(line, m_fileName, name).Throw(__FILE__, __LINE__);
-        }
+    // A deck that names one file over and over (a list of parts in one file, or an
+    // include that comes round again) asked the file system each time, with a walk of
+    // every directory above the file; within one read the answer stays the same.
+    const std::string key(name.c_str(), static_cast<std::size_t>(name.Length()));
+    auto known = m_work->located.find(key);
+    if (known == m_work->located.end()) known = m_work->located.emplace(key, Locate(name)).first;
+    const Location& where = known->second;
+    if (!where.exists) {
+        // "None" is what a value of no type reads as, which a lenient parse lets
+        // through; it names no file that anybody wrote.
+        if (name != "None") m_missingFiles.AppendUnlessMember(where.fileName);
+        inp_MissingIncludeFileException(line, m_fileName, name).Throw(__FILE__, __LINE__);
     }
-    if (!path.IsReadable()) inp_UnreadableIncludeFileException(line, m_fileName, name).Throw(__FILE__, __LINE__);
+    if (!where.readable) inp_UnreadableIncludeFileException(line, m_fileName, name).Throw(__FILE__, __LINE__);
 
     // Only the chain above this file counts: one file may be included twice in a row.
-    const cow_String absolute = path.AbsolutePathName();
+    const cow_String absolute = where.absolute;
     if (m_enclosingFiles.IsMember(absolute))
         inp_CircularIncludeFileException(line, m_fileName, name).Throw(__FILE__, __LINE__);
     if (m_enclosingFiles.Count() >= kMaxIncludeDepth)
@@ -513,6 +515,23 @@ cow_String inp_Parser::LocateInclude(const inp_Keyword& include, cow_String& pas
     m_includedFiles.Append(name);
     m_includedSet.insert(std::string_view(m_includedFiles.Last().c_str()));
     return absolute;
+}
+
+// The current directory first, then the include directory.
+inp_Parser::Location inp_Parser::Locate(const cow_String& name) const {
+    Location where;
+    utl_FilePath path(name, cow_String());
+    if (!path.Exists()) {
+        path.SetFilePath(name, m_includeDirectory);
+        if (!path.Exists()) {
+            where.fileName = path.FileName();
+            return where;
+        }
+    }
+    where.exists = true;
+    where.readable = path.IsReadable();
+    if (where.readable) where.absolute = path.AbsolutePathName();
+    return where;
 }
 
 cow_1DArrayList<inp_Keyword> inp_Parser::ParseInclude(const inp_Keyword& include, bool strict) {

@@ -24,6 +24,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <unordered_set>
 
 #include "aio_istream.h"
@@ -103,6 +104,13 @@ private:
 
     cow_1DArrayList<inp_Keyword> ParseInclude(const inp_Keyword& include, bool strict);
     cow_String LocateInclude(const inp_Keyword& include, cow_String& password);
+    struct Location {
+        bool exists = false;
+        bool readable = false;
+        cow_String absolute;
+        cow_String fileName;  // of a missing file, for the list of missing files
+    };
+    Location Locate(const cow_String& name) const;
     void MergeChild(inp_Parser& child);
     // Lets the leading lines of this (include) file go straight into `target` as they
     // are read, instead of into m_leadingText. Only a raw array is taken.
@@ -124,6 +132,8 @@ private:
         int maxIncludeFiles = kMaxIncludeFiles;
         long long maxLines = kMaxLines;
         bool exhausted = false;
+        // Where each name that an *INCLUDE gave was found, or that it was not.
+        std::unordered_map<std::string, Location> located;
     };
     Work m_ownWork;
     Work* m_work;

@@ -63,7 +63,7 @@ inp_Organizer::inp_Organizer(cow_1DArrayList<inp_Keyword> keywords) : m_keywords
 
 cow_1DArrayList<inp_Keyword> inp_Organizer::Organize() {
     omi_Timer timer;
-    timer.Start();
+    inp_Utils::StartTiming(timer);
     const inp_KeywordTable& table = thr_ThreadSingleton<inp_KeywordTable>::Instance();
 
     cow_1DArrayList<int> stepsOnly;
