@@ -130,9 +130,9 @@ TEST(DeckClassify, AFlatDeckLetsGoOfItsMeshLinesButNotOfThoseACallerHolds) {
     inp_Deck model;
     model.Parse(dir.Write("flat.inp", deck).c_str());
     model.ExpandKeywords();
-    // Plain connectivity is packed by the expansion.
+    // A flat deck's connectivity stays text: its conversion reads it once.
     ASSERT_EQ(model.keywords.Count(), 3);
-    EXPECT_NE(dynamic_cast<const inp_ElementDataArrayImpl*>(&model.keywords[1].data.ConstGet()), nullptr);
+    EXPECT_NE(dynamic_cast<const inp_RawDataArrayImpl*>(&model.keywords[1].data.ConstGet()), nullptr);
 
     const cow_1DArrayList<inp_Keyword> held = model.keywords;
     Sink().Clear();
@@ -155,4 +155,37 @@ TEST(DeckClassify, AFlatDeckLetsGoOfItsMeshLinesButNotOfThoseACallerHolds) {
     const std::string text = printed.str().c_str();
     EXPECT_NE(text.find("8, 8.5, 0., 0."), std::string::npos) << text;
     EXPECT_NE(text.find("1, 1, 2, 3, 4, 5, 6, 7, 8\n"), std::string::npos) << text;
+}
+
+// A part's connectivity of plain ids is packed by the expansion and prints as written;
+// lines with anything else stay text.
+TEST(DeckClassify, APartsPlainConnectivityIsPackedAndPrintsAsWritten) {
+    TempDir dir;
+    const std::string elements = "*ELEMENT, TYPE=C3D20, ELSET=E\n"
+                                 "7, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, \n"
+                                 "16, 17, 18, 19, 20\n";
+    std::string deck = "*PART, NAME=P\n*NODE\n";
+    for (int n = 1; n <= 20; ++n) deck += std::to_string(n) + ", " + std::to_string(n) + ", 0, 0\n";
+    deck += elements + "*ELEMENT, TYPE=C3D8\n8, 1, 2, 3, 4, 5, 6, 7, N8\n*END PART\n";
+    inp_Deck model;
+    model.Parse(dir.Write("parts.inp", deck).c_str());
+    model.ExpandKeywords();
+    const cow_1DArrayList<inp_Keyword>& part = model.keywords[0].suboptions.Count() > 0
+                                                   ? model.keywords[0].suboptions
+                                                   : model.keywords;
+    int packed = 0, raw = 0;
+    for (int i = 0; i < part.Count(); ++i) {
+        if (part[i].keyword != inp_kwElement) continue;
+        packed += dynamic_cast<const inp_ElementDataArrayImpl*>(&part[i].data.ConstGet()) != nullptr;
+        raw += dynamic_cast<const inp_RawDataArrayImpl*>(&part[i].data.ConstGet()) != nullptr;
+    }
+    EXPECT_EQ(packed, 1);
+    EXPECT_EQ(raw, 1);
+    aio_ostringstream printed;
+    model.Print(printed);
+    printed.flush();
+    const std::string text = printed.str().c_str();
+    EXPECT_NE(text.find("*element, type=C3D20, elset=E\n" + elements.substr(elements.find('\n') + 1)),
+              std::string::npos)
+        << text;
 }

@@ -486,10 +486,13 @@ void inp_KeywordExpansionVisitor::VisitElement(inp_Keyword& keyword) {
         return;
     }
     if (keyword.keyword == inp_kwUndefined) return;
-    // Connectivity of nothing but plain ids is packed, in a little over half the
-    // memory of its text: the element tables are built beside it. Lines with anything a message would have
-    // to quote as written stay raw, and every pass reads both forms alike.
-    if (inp_ElementDataArrayImpl::PacksExactly(keyword.data))
+    // A part's connectivity stays in its keywords beside the element table that the
+    // model is built into: when it is nothing but plain ids it is packed, in a little
+    // over half the memory of its text. Lines with anything a message would have to
+    // quote as written stay raw, and every pass reads both forms alike. A flat deck's
+    // conversion lets go of its lines as it reads them, and reads text as fast as it
+    // would pack it.
+    if (isAssemblyDeck && inp_ElementDataArrayImpl::PacksExactly(keyword.data))
         keyword.data = inp_DataArray(new inp_ElementDataArrayImpl(keyword.data, true));
 }
 
