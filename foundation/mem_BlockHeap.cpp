@@ -234,9 +234,14 @@ struct Heap {
     }
 
     void Free(void* block) {
+        std::lock_guard<std::mutex> guard(lock);
+        FreeLocked(block);
+    }
+
+    // With the lock held.
+    void FreeLocked(void* block) {
         char* p = static_cast<char*>(block);
         const std::uint32_t c = static_cast<std::uint32_t>((p - base) >> kChunkBits);
-        std::lock_guard<std::mutex> guard(lock);
         Chunk& ch = chunks[c];
         const int k = ch.sizeClass;
         MEM_UNPOISON(p, sizeof ch.freeHead);
@@ -292,6 +297,17 @@ void mem_BlockFree(void* block) {
         heap.Free(block);
     else
         mem_Free(block);
+}
+
+void mem_BlockFreeMany(void* const* blocks, std::size_t count) {
+    Heap& heap = TheHeap();
+    {
+        std::lock_guard<std::mutex> guard(heap.lock);
+        for (std::size_t i = 0; i < count; ++i)
+            if (blocks[i] && heap.Owns(blocks[i])) heap.FreeLocked(blocks[i]);
+    }
+    for (std::size_t i = 0; i < count; ++i)
+        if (blocks[i] && !heap.Owns(blocks[i])) mem_Free(blocks[i]);
 }
 
 mem_BlockHeapStats mem_BlockHeapState() {

@@ -152,3 +152,17 @@ TEST(BlockHeapDeathTest, TheSanitizerSeesPastTheEndAndAfterTheFree) {
 #endif
 
 }  // namespace
+
+TEST(BlockHeap, ManyBlocksFreedAtOnceAsOneByOne) {
+    const mem_BlockHeapStats before = mem_BlockHeapState();
+    std::vector<void*> blocks;
+    for (int i = 0; i < 50000; ++i) blocks.push_back(mem_BlockMalloc(static_cast<std::size_t>(8 + i % 300)));
+    blocks.push_back(nullptr);
+    blocks.push_back(mem_BlockMalloc(kLargestBlock + 1));  // from mem_Malloc
+    Stamp(blocks.back(), kLargestBlock + 1, 3);
+    EXPECT_EQ(mem_BlockHeapState().blocksInUse, before.blocksInUse + 50000);
+    mem_BlockFreeMany(blocks.data(), blocks.size());
+    EXPECT_EQ(mem_BlockHeapState().blocksInUse, before.blocksInUse);
+    EXPECT_LE(mem_BlockHeapState().chunksInUse, before.chunksInUse + 40);
+    mem_BlockFreeMany(nullptr, 0);
+}

@@ -177,7 +177,7 @@ inp_RawDataArrayImpl::inp_RawDataArrayImpl(const inp_RawDataArrayImpl& other)
 }
 
 inp_RawDataArrayImpl::~inp_RawDataArrayImpl() {
-    for (int i = 0; i < nrows; ++i) mem_BlockFree(rows[i]);
+    if (rows) mem_BlockFreeMany(reinterpret_cast<void* const*>(rows), static_cast<std::size_t>(nrows));
     mem_Free(rows);
     mem_Free(ncols);
 }
@@ -313,8 +313,8 @@ void inp_DataArrayImpl::ReleaseLines(int) {}
 void inp_RawDataArrayImpl::ReleaseLines(int end) {
     if (end > nrows) end = nrows;
     if (end <= released) return;
+    mem_BlockFreeMany(reinterpret_cast<void* const*>(rows + released), static_cast<std::size_t>(end - released));
     for (int i = released; i < end; ++i) {
-        mem_BlockFree(rows[i]);
         rows[i] = nullptr;
         ncols[i] = 0;
     }

@@ -186,7 +186,7 @@ int* inp_ElementDataArrayImpl::NewLine(int i, int items) {
 }
 
 void inp_ElementDataArrayImpl::Release() {
-    for (int i = 0; i < nrows; ++i) mem_BlockFree(rows[i]);
+    if (rows) mem_BlockFreeMany(reinterpret_cast<void* const*>(rows), static_cast<std::size_t>(nrows));
     mem_Free(rows);
     mem_Free(ncols);
     rows = nullptr;
@@ -277,8 +277,9 @@ bool inp_ElementDataArrayImpl::LastItemIsBlank(int i) const {
 
 void inp_ElementDataArrayImpl::ReleaseLines(int end) {
     if (end > nrows) end = nrows;
+    if (end <= released) return;
+    mem_BlockFreeMany(reinterpret_cast<void* const*>(rows + released), static_cast<std::size_t>(end - released));
     for (int i = released; i < end; ++i) {
-        mem_BlockFree(rows[i]);
         rows[i] = nullptr;
         ncols[i] = 0;
     }

@@ -174,7 +174,7 @@ double* inp_NodeDataArrayImpl::NewBlock(int i) {
 }
 
 void inp_NodeDataArrayImpl::Release() {
-    for (int i = 0; i < allocatedSize; ++i) mem_BlockFree(coords[i]);
+    if (coords) mem_BlockFreeMany(reinterpret_cast<void* const*>(coords), static_cast<std::size_t>(allocatedSize));
     mem_Free(coords);
     mem_Free(labels);
     coords = nullptr;
@@ -222,8 +222,9 @@ int inp_NodeDataArrayImpl::NumberOfItems(int i) const {
 
 void inp_NodeDataArrayImpl::ReleaseLines(int end) {
     if (end > nrows) end = nrows;
+    if (end <= released) return;
+    mem_BlockFreeMany(reinterpret_cast<void* const*>(coords + released), static_cast<std::size_t>(end - released));
     for (int i = released; i < end; ++i) {
-        mem_BlockFree(coords[i]);
         coords[i] = nullptr;
         labels[i] = 0;
     }
