@@ -311,16 +311,8 @@ int inp_DataArrayImpl::TextLength(int line, int item) const { return AsString(li
 void inp_DataArrayImpl::ReleaseLines(int) {}
 
 void inp_RawDataArrayImpl::ReleaseLines(int end) {
-    if (end > nrows) end = nrows;
-    if (end <= released) return;
-    mem_BlockFreeMany(reinterpret_cast<void* const*>(rows + released), static_cast<std::size_t>(end - released));
-    for (int i = released; i < end; ++i) {
-        rows[i] = nullptr;
-        ncols[i] = 0;
-    }
-    released = end;
     // A remembered item may lie in a freed block.
-    m_stamp = NextStamp();
+    if (ReleaseLineBlocks(rows, ncols, nrows, released, end)) m_stamp = NextStamp();
 }
 
 inp_DataArrayImpl::IntItem inp_RawDataArrayImpl::ReadInt(int line, int item, int& value) const {

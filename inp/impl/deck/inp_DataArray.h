@@ -14,9 +14,12 @@
 #ifndef INP_DATAARRAY_H
 #define INP_DATAARRAY_H
 
+#include <cstddef>
+
 #include "cow_COW.h"
 #include "cow_String.h"
 #include "inp_Types.h"
+#include "mem_BlockHeap.h"
 
 class aio_ostream;
 
@@ -58,6 +61,25 @@ public:
     virtual void ReleaseLines(int end);
     // The lines a reader lets go of at a time.
     static const int kReleaseBatch = 4096;
+
+protected:
+    // ReleaseLines of an array that keeps one block per line: frees the blocks of
+    // lines [released, end), `end` cut to `lines`, nulls them and zeroes their entry of
+    // `perLine`. Gives false when no line went.
+    template <class Block>
+    static bool ReleaseLineBlocks(Block** blocks, int* perLine, int lines, int& released, int end) {
+        if (end > lines) end = lines;
+        if (end <= released) return false;
+        mem_BlockFreeMany(reinterpret_cast<void* const*>(blocks + released), static_cast<std::size_t>(end - released));
+        for (int i = released; i < end; ++i) {
+            blocks[i] = nullptr;
+            perLine[i] = 0;
+        }
+        released = end;
+        return true;
+    }
+
+public:
     // Writes the line as the deck printer does: each item's AsString, ", " between
     // them, no end of line. An array may write it without making the strings.
     virtual void PrintLine(int line, aio_ostream& out) const;

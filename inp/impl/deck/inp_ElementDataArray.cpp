@@ -276,14 +276,7 @@ bool inp_ElementDataArrayImpl::LastItemIsBlank(int i) const {
 }
 
 void inp_ElementDataArrayImpl::ReleaseLines(int end) {
-    if (end > nrows) end = nrows;
-    if (end <= released) return;
-    mem_BlockFreeMany(reinterpret_cast<void* const*>(rows + released), static_cast<std::size_t>(end - released));
-    for (int i = released; i < end; ++i) {
-        rows[i] = nullptr;
-        ncols[i] = 0;
-    }
-    if (end > released) released = end;
+    ReleaseLineBlocks(rows, ncols, nrows, released, end);
 }
 
 int inp_ElementDataArrayImpl::TextLength(int line, int item) const {

@@ -221,14 +221,7 @@ int inp_NodeDataArrayImpl::NumberOfItems(int i) const {
 }
 
 void inp_NodeDataArrayImpl::ReleaseLines(int end) {
-    if (end > nrows) end = nrows;
-    if (end <= released) return;
-    mem_BlockFreeMany(reinterpret_cast<void* const*>(coords + released), static_cast<std::size_t>(end - released));
-    for (int i = released; i < end; ++i) {
-        coords[i] = nullptr;
-        labels[i] = 0;
-    }
-    if (end > released) released = end;
+    ReleaseLineBlocks(coords, labels, nrows, released, end);
 }
 
 inp_Types::typeEnm inp_NodeDataArrayImpl::Type(int line, int item) const {
