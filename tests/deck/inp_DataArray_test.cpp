@@ -46,6 +46,44 @@ TEST(RawDataArray, ItemsAreCutAtCommasOutsideQuotes) {
     EXPECT_EQ(data.AsString(3, 0), "\"A,B\"");
 }
 
+// Lines are cut eight characters at a time; a quote anywhere, in the first word or long
+// after commas were cut, makes the whole line follow the quoting rule.
+TEST(RawDataArray, CuttingAgreesWithTheQuotingRuleAtEveryPosition) {
+    auto reference = [](const std::string& line) {
+        std::vector<std::string> items(1);
+        bool quoted = false;
+        for (char c : line) {
+            if (c == '"') quoted = !quoted;
+            if (c == ',' && !quoted)
+                items.emplace_back();
+            else
+                items.back() += c;
+        }
+        return items;
+    };
+    std::vector<std::string> lines;
+    const std::string base = "12,-3.5, abc,,7,8,\"x\",9,10,-1,,,22";
+    for (size_t cut = 0; cut <= base.size(); ++cut) lines.push_back(base.substr(0, cut));
+    for (size_t at = 0; at <= 20; ++at) {
+        std::string line = "1,2,3,4,5,6,7,8,9,10,11,12";
+        line.insert(at, "\"");
+        lines.push_back(line);
+        lines.push_back(line + ",\"a,b\",c");
+    }
+    for (const std::string& line : lines) {
+        inp_RawDataArrayImpl raw;
+        raw.Append(line.c_str(), static_cast<int>(line.size()));
+        const std::vector<std::string> items = reference(line);
+        ASSERT_EQ(raw.NumberOfItems(0), static_cast<int>(items.size())) << line;
+        for (size_t j = 0; j < items.size(); ++j) {
+            std::string item = items[j];
+            item.erase(0, item.find_first_not_of(' '));
+            item.erase(item.find_last_not_of(' ') + 1);
+            EXPECT_EQ(raw.AsStringVerbatim(0, static_cast<int>(j)).c_str(), item) << line;
+        }
+    }
+}
+
 TEST(RawDataArray, AnOpenQuoteRunsToTheEndOfTheLine) {
     const struct {
         const char* line;
@@ -300,6 +338,22 @@ TEST(RawDataArray, ReadIntAgreesWithTheFourQuestions) {
             EXPECT_EQ(data.ReadInt(line, item, value), expected);
             if (expected == inp_DataArrayImpl::kInt) {
                 EXPECT_EQ(value, expectedValue);
+            }
+        }
+    }
+    // A whole line at once, from any item on and past its end, gives what item by item gives.
+    for (int line = 0; line < data.NumberOfLines(); ++line) {
+        for (int first = 0; first <= data.NumberOfItems(line); ++first) {
+            const int count = data.NumberOfItems(line) + 2 - first;
+            std::vector<int> values(static_cast<size_t>(count), -1);
+            std::vector<inp_DataArrayImpl::IntItem> kinds(static_cast<size_t>(count));
+            data.ReadInts(line, first, count, values.data(), kinds.data());
+            for (int k = 0; k < count; ++k) {
+                SCOPED_TRACE("line " + std::to_string(line) + " from " + std::to_string(first) + " item " +
+                             std::to_string(first + k));
+                int value = 0;
+                EXPECT_EQ(kinds[static_cast<size_t>(k)], data.ReadInt(line, first + k, value));
+                EXPECT_EQ(values[static_cast<size_t>(k)], kinds[static_cast<size_t>(k)] == inp_DataArrayImpl::kInt ? value : 0);
             }
         }
     }

@@ -23,7 +23,7 @@ inp_DataArray ScopedToInstance(const inp_DataArray& data, const cow_String& inst
             if (item == 0) line.append(instance + ".");
             line.append(data.AsString(i, item));
         }
-        scoped->Append(line.c_str());
+        scoped->Append(line.c_str(), line.Length());
     }
     return inp_DataArray(scoped.release());
 }

@@ -5,6 +5,7 @@
 
 #include <atomic>
 #include <cctype>
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 
@@ -110,6 +111,13 @@ inp_DataArrayImpl::IntItem inp_DataArrayImpl::ReadInt(int line, int item, int& v
     return kInt;
 }
 
+void inp_DataArrayImpl::ReadInts(int line, int first, int count, int* values, IntItem* kinds) const {
+    for (int k = 0; k < count; ++k) {
+        values[k] = 0;
+        kinds[k] = ReadInt(line, first + k, values[k]);
+    }
+}
+
 // A first item whose normal form starts with `**` (`* * X`) would read back as a
 // comment; it is written as it was given, which reads back to the same item.
 void inp_DataArrayImpl::PrintLine(int line, aio_ostream& out) const {
@@ -207,28 +215,57 @@ void inp_RawDataArrayImpl::StoreLine(int i, const char* text, int length) {
     if (!block) inp_MemoryException().Throw(__FILE__, __LINE__);
     std::memcpy(block, text, static_cast<size_t>(length));
     block[length] = '\0';
+    const int items = CutItems(block, length);
+    rows[i] = block;
+    ncols[i] = items;
+}
+
+// Turns every separating comma of the text into a NUL and gives the number of items.
+// Most lines hold no quote, so that every comma separates; eight characters at a time
+// are looked at for both, and a line with a quote is cut by the slow rule from the start.
+int inp_RawDataArrayImpl::CutItems(char* block, int length) {
+    const std::uint64_t kOnes = 0x0101010101010101ull;
+    const std::uint64_t kLow7 = 0x7f7f7f7f7f7f7f7full;
+    // The high bit of every byte of x that is zero, and of no other byte.
+    auto zeroBytes = [&](std::uint64_t x) { return ~(((x & kLow7) + kLow7) | x | kLow7); };
     int items = 1;
-    char* const end = block + length;
-    if (!std::memchr(block, '"', static_cast<size_t>(length))) {
-        // The common line holds no quote, so every comma separates, and memchr finds
-        // them faster than a loop that looks at every byte.
-        for (char* p = block; (p = static_cast<char*>(std::memchr(p, ',', static_cast<size_t>(end - p)))); ++p) {
+    int k = 0;
+    const bool littleEndian = __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__;
+    for (; littleEndian && k + 8 <= length; k += 8) {
+        std::uint64_t word;
+        std::memcpy(&word, block + k, sizeof word);
+        if (zeroBytes(word ^ (kOnes * '"'))) return CutQuotedItems(block, length);
+        for (std::uint64_t commas = zeroBytes(word ^ (kOnes * ',')); commas; commas &= commas - 1) {
+            // Little-endian: the lowest set bit is the first comma of the word.
+            block[k + (__builtin_ctzll(commas) >> 3)] = '\0';
+            ++items;
+        }
+    }
+    for (; k < length; ++k) {
+        if (block[k] == '"') return CutQuotedItems(block, length);
+        if (block[k] == ',') {
+            block[k] = '\0';
+            ++items;
+        }
+    }
+    return items;
+}
+
+int inp_RawDataArrayImpl::CutQuotedItems(char* block, int length) {
+    // Commas already cut before the quote was seen are commas again.
+    for (int k = 0; k < length; ++k)
+        if (block[k] == '\0') block[k] = ',';
+    int items = 1;
+    bool quoted = false;
+    for (char* p = block; p < block + length; ++p) {
+        if (*p == '"') {
+            quoted = !quoted;
+        } else if (*p == ',' && !quoted) {
             *p = '\0';
             ++items;
         }
-    } else {
-        bool quoted = false;
-        for (char* p = block; p < end; ++p) {
-            if (*p == '"') {
-                quoted = !quoted;
-            } else if (*p == ',' && !quoted) {
-                *p = '\0';
-                ++items;
-            }
-        }
     }
-    rows[i] = block;
-    ncols[i] = items;
+    return items;
 }
 
 char* inp_RawDataArrayImpl::LineBlock(int i) const {
@@ -315,20 +352,58 @@ void inp_RawDataArrayImpl::ReleaseLines(int end) {
     if (ReleaseLineBlocks(rows, ncols, nrows, released, end)) m_stamp = NextStamp();
 }
 
-inp_DataArrayImpl::IntItem inp_RawDataArrayImpl::ReadInt(int line, int item, int& value) const {
-    if (line < 0 || line >= nrows || item < 0 || item >= ncols[line]) return kNoValue;
-    const char* p = Item(line, item);
+namespace {
+
+// Reads an item of blanks around at most nine decimal digits and leaves `p` on its
+// terminating NUL; false, with `p` anywhere, for any other item (a sign, a blank
+// between digits, a tenth digit), which goes the long way.
+bool ReadPlainInt(const char*& p, inp_DataArrayImpl::IntItem& kind, int& value) {
     while (IsBlankChar(*p)) ++p;
     const char* digits = p;
     int number = 0;
     while (*p >= '0' && *p <= '9' && p - digits < 9) number = number * 10 + (*p++ - '0');
     const long length = p - digits;
     while (IsBlankChar(*p)) ++p;
-    // Anything else (a sign, a blank between digits, a tenth digit) goes the long way.
-    if (*p != '\0') return inp_DataArrayImpl::ReadInt(line, item, value);
-    if (length == 0) return kNoValue;
-    value = number;
-    return kInt;
+    if (*p != '\0') return false;
+    if (length == 0) {
+        kind = inp_DataArrayImpl::kNoValue;
+    } else {
+        kind = inp_DataArrayImpl::kInt;
+        value = number;
+    }
+    return true;
+}
+
+}  // namespace
+
+inp_DataArrayImpl::IntItem inp_RawDataArrayImpl::ReadInt(int line, int item, int& value) const {
+    if (line < 0 || line >= nrows || item < 0 || item >= ncols[line]) return kNoValue;
+    const char* p = Item(line, item);
+    IntItem kind;
+    if (!ReadPlainInt(p, kind, value)) return inp_DataArrayImpl::ReadInt(line, item, value);
+    return kind;
+}
+
+void inp_RawDataArrayImpl::ReadInts(int line, int first, int count, int* values, IntItem* kinds) const {
+    if (line < 0 || line >= nrows || first < 0 || !rows[line] || count <= 0)
+        return inp_DataArrayImpl::ReadInts(line, first, count, values, kinds);
+    const int items = ncols[line];
+    const char* next = first < items ? Item(line, first) : nullptr;
+    for (int k = 0; k < count; ++k) {
+        const int j = first + k;
+        values[k] = 0;
+        if (j >= items) {
+            kinds[k] = kNoValue;
+            continue;
+        }
+        const char* p = next;
+        if (ReadPlainInt(p, kinds[k], values[k])) {
+            next = p + 1;
+        } else {
+            kinds[k] = inp_DataArrayImpl::ReadInt(line, j, values[k]);
+            next += std::strlen(next) + 1;
+        }
+    }
 }
 
 int inp_RawDataArrayImpl::TextLength(int line, int item) const {
@@ -372,8 +447,11 @@ void inp_RawDataArrayImpl::Set(int line, int item, double value) { Set(line, ite
 
 void inp_RawDataArrayImpl::Set(int line, int item, int value) { Set(line, item, cow_String(value)); }
 
-void inp_RawDataArrayImpl::Append(const char* text) {
-    if (!text) text = "";
+void inp_RawDataArrayImpl::Append(const char* text, int length) {
+    if (!text) {
+        text = "";
+        length = 0;
+    }
     if (nrows + 1 > allocatedSize) {
         int size = allocatedSize * 2 < kInitialRows ? kInitialRows : allocatedSize * 2;
         // The first array may grow although the second fails: the larger one does no harm.
@@ -385,7 +463,7 @@ void inp_RawDataArrayImpl::Append(const char* text) {
         ncols = newCols;
         allocatedSize = size;
     }
-    StoreLine(nrows, text, static_cast<int>(std::strlen(text)));
+    StoreLine(nrows, text, length);
     ++nrows;
 }
 

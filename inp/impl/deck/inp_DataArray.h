@@ -15,6 +15,7 @@
 #define INP_DATAARRAY_H
 
 #include <cstddef>
+#include <cstring>
 
 #include "cow_COW.h"
 #include "cow_String.h"
@@ -46,10 +47,15 @@ public:
     // (by TextLength), or an integer, whose AsInt goes to `value`.
     enum IntItem { kNoValue, kNotInt, kTooLong, kInt };
     virtual IntItem ReadInt(int line, int item, int& value) const;
+    // ReadInt of items [first, first + count) of a line: kinds[k] and, for an integer,
+    // values[k] (0 otherwise). A raw array walks the line once.
+    virtual void ReadInts(int line, int first, int count, int* values, IntItem* kinds) const;
     virtual void Set(int line, int item, const cow_String& text) = 0;
     virtual void Set(int line, int item, double value) = 0;
     virtual void Set(int line, int item, int value) = 0;
-    virtual void Append(const char* line) = 0;
+    // A line of `length` characters (no NUL among them) behind the last.
+    virtual void Append(const char* line, int length) = 0;
+    void Append(const char* line) { Append(line, line ? static_cast<int>(std::strlen(line)) : 0); }
     virtual bool LastItemIsBlank(int line) const = 0;
     // A new array of the same kind and contents; the caller owns it.
     virtual inp_DataArrayImpl* Clone() const = 0;
@@ -109,12 +115,14 @@ public:
     int TextLength(int line, int item) const override;
     // Reads a plain item (blanks around decimal digits) in one pass over its text.
     IntItem ReadInt(int line, int item, int& value) const override;
+    void ReadInts(int line, int first, int count, int* values, IntItem* kinds) const override;
     // Rebuilds the whole line: the other items come back in their AsString form, and
     // positions between the old end and `item` are left empty.
     void Set(int line, int item, const cow_String& text) override;
     void Set(int line, int item, double value) override;
     void Set(int line, int item, int value) override;
-    void Append(const char* line) override;
+    using inp_DataArrayImpl::Append;
+    void Append(const char* line, int length) override;
     bool LastItemIsBlank(int line) const override;
     inp_DataArrayImpl* Clone() const override;
     void ReleaseLines(int end) override;
@@ -152,6 +160,8 @@ private:
     unsigned long long m_stamp;
     // Copies a text into a new block for line i and cuts it into items.
     void StoreLine(int i, const char* text, int length);
+    static int CutItems(char* block, int length);
+    static int CutQuotedItems(char* block, int length);
 };
 
 class inp_DataArray : public cow_CountedHld<inp_DataArrayImpl> {
@@ -178,10 +188,14 @@ public:
     inp_DataArrayImpl::IntItem ReadInt(int line, int item, int& value) const {
         return SharedGet().ReadInt(line, item, value);
     }
+    void ReadInts(int line, int first, int count, int* values, inp_DataArrayImpl::IntItem* kinds) const {
+        SharedGet().ReadInts(line, first, count, values, kinds);
+    }
     void Set(int line, int item, const cow_String& text) { SharedGet().Set(line, item, text); }
     void Set(int line, int item, double value) { SharedGet().Set(line, item, value); }
     void Set(int line, int item, int value) { SharedGet().Set(line, item, value); }
     void Append(const char* line) { SharedGet().Append(line); }
+    void Append(const char* line, int length) { SharedGet().Append(line, length); }
     bool LastItemIsBlank(int line) const { return SharedGet().LastItemIsBlank(line); }
     inp_DataArrayImpl* Clone() const { return SharedGet().Clone(); }
     void PrintLine(int line, aio_ostream& out) const { SharedGet().PrintLine(line, out); }

@@ -262,7 +262,7 @@ void inp_ElementDataArrayImpl::Set(int line, int item, int value) {
     rows[line][item] = value;
 }
 
-void inp_ElementDataArrayImpl::Append(const char*) {
+void inp_ElementDataArrayImpl::Append(const char*, int) {
     Raise("There has been an attempt to append a generic data line to a *ELEMENT keyword.  This can happen when "
           "the element connectivity listing is separated from the *ELEMENT keyword.  Please make sure your include "
           "files contain complete keywords (keyword + parameters + data lines).  Note that you can still use "

@@ -50,7 +50,8 @@ public:
     void Set(int line, int item, const cow_String& text) override;
     void Set(int line, int item, double value) override;
     void Set(int line, int item, int value) override;
-    void Append(const char* line) override;
+    using inp_DataArrayImpl::Append;
+    void Append(const char* line, int length) override;
     bool LastItemIsBlank(int line) const override;
     // A line that an element continues ends in a comma, as the reader expects, and a
     // blank, as a raw line's empty last item prints; the 0 that marks it is not written.

@@ -288,7 +288,7 @@ void inp_NodeDataArrayImpl::Set(int line, int item, int value) {
     labels[line] = value;
 }
 
-void inp_NodeDataArrayImpl::Append(const char*) {
+void inp_NodeDataArrayImpl::Append(const char*, int) {
     Raise("There has been an attempt to append a generic data line to a *NODE keyword.  This can happen when the "
           "nodal coordinate listing is separated from the *NODE keyword.  Please make sure your include files "
           "contain complete keywords (keyword + parameters + data lines).  Note that you can still use multiple "

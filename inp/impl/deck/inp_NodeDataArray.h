@@ -44,7 +44,8 @@ public:
     void Set(int line, int item, int value) override;
     // Node lines come only through packing: a line appended later means the deck split a
     // *NODE block, and the message tells the user how.
-    void Append(const char* line) override;
+    using inp_DataArrayImpl::Append;
+    void Append(const char* line, int length) override;
     bool LastItemIsBlank(int line) const override;
     inp_DataArrayImpl* Clone() const override;
     // A released line has no items and prints as nothing.

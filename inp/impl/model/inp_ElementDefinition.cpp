@@ -148,24 +148,33 @@ void inp_ElementVisitor::VisitElement(inp_Keyword& keyword) {
     bool expanded = false;
     const bool releasing = releaseReadLines && !stacked;
     int released = 0;
+    // The items of a line, read in one walk over it.
+    std::vector<int> values;
+    std::vector<inp_DataArrayImpl::IntItem> kinds;
     for (int line = 0; line < numLines; ++line) {
+        const int items = data.NumberOfItems(line);
+        if (static_cast<int>(values.size()) < items) {
+            values.resize(static_cast<size_t>(items));
+            kinds.resize(static_cast<size_t>(items));
+        }
+        if (items > 0) data.ReadInts(line, 0, items, values.data(), kinds.data());
         // The element number.
-        if (data.NumberOfItems(line) == 0 || data.Type(line, 0) != inp_Types::typeInt) {
+        if (items == 0 || kinds[0] == inp_DataArrayImpl::kNoValue || kinds[0] == inp_DataArrayImpl::kNotInt) {
             report(atr_Format("Element number is not an integer for element of type %s.", type));
             break;
         }
-        if (data.TextLength(line, 0) > 9) {
+        if (kinds[0] == inp_DataArrayImpl::kTooLong) {
             report(atr_Format("Element number exceeds 9 digits for element of type %s.", type));
             break;
         }
-        const int id = data.AsInt(line, 0);
+        const int id = values[0];
         if (id < 1) {
             report(atr_Format("Element number is not a positive integer for element of type %s.", type));
             break;
         }
         ids.Append(id);
         int bottomNodes = 0, layerOffset = 0, solidNumbering = 0;
-        int given = data.NumberOfItems(line) - 1;
+        int given = items - 1;
         bool continued = data.LastItemIsBlank(line);
         if (stacked && inp_ElementTypes::IsGk3d18(type)) {
             minNodes = bottom = 9;
@@ -193,8 +202,8 @@ void inp_ElementVisitor::VisitElement(inp_Keyword& keyword) {
                 nodes.push_back(data.AsInt(line, j));
                 continue;
             }
-            int node = 0;
-            const inp_DataArrayImpl::IntItem read = data.ReadInt(line, j, node);
+            const int node = values[static_cast<size_t>(j)];
+            const inp_DataArrayImpl::IntItem read = kinds[static_cast<size_t>(j)];
             if (read == inp_DataArrayImpl::kNoValue) continue;
             const char* problem = nullptr;
             if (read == inp_DataArrayImpl::kNotInt) {

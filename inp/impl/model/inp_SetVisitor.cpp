@@ -474,7 +474,7 @@ void inp_SetVisitor::ApplyInstanceParameter(inp_Keyword& keyword) {
             if (!generate || item < 2) line.append(prefix);
             line.append(data.AsString(i, item));
         }
-        rewritten->Append(line.c_str());
+        rewritten->Append(line.c_str(), line.Length());
     }
     keyword.data = inp_DataArray(rewritten.release());
 }

@@ -20,6 +20,8 @@
 #ifndef INP_CIPHERREADER_H
 #define INP_CIPHERREADER_H
 
+#include <cstddef>
+
 #include "cow_String.h"
 #include "uti_Rotor.h"
 
@@ -30,7 +32,7 @@ public:
     inp_CipherReader(const cow_String& password, bool checkHeader);
 
     // The marker of an enciphered file stands somewhere in the line.
-    static bool HasMarker(const char* line);
+    static bool HasMarker(const char* line, std::size_t length);
 
     // Replaces the line in `buffer` by its plain text, which is cut to `capacity` - 1
     // characters. A comment is left as it is. Raises inp_EncryptionException, with the

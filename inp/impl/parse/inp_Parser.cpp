@@ -140,6 +140,7 @@ inp_Parser::inp_Parser(const cow_String& fileName, const cow_String& includeDire
       m_fileName(fileName),
       m_includeDirectory(includeDirectory),
       m_stashed(false),
+      m_lineLength(0),
       m_eof(false),
       m_password(password),
       m_hasPassword(!password.IsEmpty()),
@@ -179,8 +180,10 @@ const char* inp_Parser::ReadLine() {
     ++m_lineNumber;
     if (m_stashed) {
         m_stashed = false;
+        m_lineLength = static_cast<int>(strlen(m_buffer));
         return m_buffer;
     }
+    m_lineLength = 0;
     if ((state & (eofbit | failbit)) || m_work->exhausted) {
         m_eof = true;
         m_buffer[0] = '\0';
@@ -202,13 +205,15 @@ const char* inp_Parser::ReadLine() {
     // The limit bit, not the length of the text, tells that the line goes on: a line
     // with a NUL byte in it looks shorter than it was read.
     if (state & limitbit) DropRestOfLine();
-    if (m_hasPassword || inp_CipherReader::HasMarker(m_buffer)) {
+    size_t length = strlen(m_buffer);
+    if (m_hasPassword || inp_CipherReader::HasMarker(m_buffer, length)) {
         if (!m_cipher) m_cipher.reset(new inp_CipherReader(m_password, m_checkHeader));
         m_cipher->DecryptLine(m_buffer, sizeof m_buffer, m_lineNumber, m_fileName);
+        length = strlen(m_buffer);
     }
 
     char* begin = m_buffer;
-    char* end = m_buffer + strlen(m_buffer);
+    char* end = m_buffer + length;
     if (begin == end) {
         if (state & eofbit) m_eof = true;
         return m_buffer;
@@ -216,6 +221,7 @@ const char* inp_Parser::ReadLine() {
     while (begin < end && IsLineBlank(*begin)) ++begin;
     while (end > begin && IsLineBlank(end[-1])) --end;
     *end = '\0';
+    m_lineLength = static_cast<int>(end - begin);
     return begin;
 }
 
@@ -263,7 +269,7 @@ void inp_Parser::SkipToKeyword(bool collect) {
         }
         if (!collect || IsComment(line)) continue;
         if (keep && m_leadingRaw)
-            m_leadingRaw->Append(line);
+            m_leadingRaw->Append(line, m_lineLength);
         else if (keep)
             m_leadingText.append(line, strlen(line) + 1);
         ++m_leadingCount;
@@ -459,7 +465,7 @@ void inp_Parser::ReadData(inp_DataArray& data) {
             return;
         }
         if (IsComment(line)) continue;
-        data.Append(line);
+        data.Append(line, m_lineLength);
     }
 }
 

@@ -142,6 +142,7 @@ private:
     cow_String m_fileName;
     cow_String m_includeDirectory;
     bool m_stashed;
+    int m_lineLength;  // of the text the last ReadLine gave
     bool m_eof;
     char m_buffer[kLineLimit + 2];
     cow_String m_password;
