@@ -360,7 +360,7 @@ inp_Keyword inp_FakePartSetAssignVisitor::MakeSetKeyword(inp_SetType kind, const
     int onLine = 0;
     auto flush = [&]() {
         line.pop_back();  // the last comma
-        keyword.data.Append(line.c_str());
+        keyword.data.Append(line.c_str(), static_cast<int>(line.size()));
         line.clear();
         onLine = 0;
     };

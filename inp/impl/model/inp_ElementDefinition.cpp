@@ -175,7 +175,8 @@ void inp_ElementVisitor::VisitElement(inp_Keyword& keyword) {
         ids.Append(id);
         int bottomNodes = 0, layerOffset = 0, solidNumbering = 0;
         int given = items - 1;
-        bool continued = data.LastItemIsBlank(line);
+        // A blank item reads as no value, whatever the kind of array.
+        bool continued = kinds[static_cast<size_t>(items - 1)] == inp_DataArrayImpl::kNoValue;
         if (stacked && inp_ElementTypes::IsGk3d18(type)) {
             minNodes = bottom = 9;
             total = 18;
