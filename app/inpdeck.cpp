@@ -67,7 +67,7 @@ const char kUsage[] =
     "                      axes and ids, elements with global ids, each set and\n"
     "                      surface of an instance as INSTANCE_NAME, references\n"
     "                      rewritten to match; a deck without parts as -p writes it\n"
-    "  --diagnostics=gnu   a message whose text names a file and line is written as\n"
+    "  --diagnostics=gnu   a message whose file and line are known is written as\n"
     "                      FILE:LINE: error: TEXT (or warning:), as compilers do, for\n"
     "                      editors to jump to; the others as before\n"
     "  --save-partmap FILE write the part map of the job to FILE once its model is\n"

@@ -56,13 +56,21 @@ MessageLocation LocationOf(const char* text) {
     return at;
 }
 
+MessageLocation LocationOf(const wip_Record& record) {
+    if (record.line <= 0) return LocationOf(record.text.c_str());
+    MessageLocation at;
+    at.file = record.file.c_str();
+    at.line = record.line;
+    return at;
+}
+
 int ReportMessages(const char* deck, const inp_Deck& model, double seconds, const DiagnosticsOptions& options) {
     const wip_WIP& sink = thr_ThreadSingleton<wip_WIP>::Instance();
     const int max = options.maxMessages;
     const int shown = max > 0 && max < sink.Count() ? max : sink.Count();
     for (int i = 0; i < shown; ++i) {
         const wip_Record& r = sink.Record(i);
-        const MessageLocation at = options.gnu ? LocationOf(r.text.c_str()) : MessageLocation();
+        const MessageLocation at = options.gnu ? LocationOf(r) : MessageLocation();
         if (at.line > 0)
             std::fprintf(stderr, "%s:%d: %s: %s\n", OneLine(at.file.c_str()).c_str(), at.line,
                          r.IsError() ? "error" : "warning", OneLine(r.text.c_str()).c_str());

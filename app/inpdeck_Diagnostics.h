@@ -6,6 +6,7 @@
 #include <string>
 
 class inp_Deck;
+struct wip_Record;
 
 namespace inpdeck {
 
@@ -17,10 +18,13 @@ struct MessageLocation {
     int line = 0;
 };
 MessageLocation LocationOf(const char* text);
+// Where a message arose: the place the record carries (a parse message), else the one
+// its text names, else none.
+MessageLocation LocationOf(const wip_Record& record);
 
 struct DiagnosticsOptions {
     int maxMessages = 1000;  // 0: all
-    // Messages whose text names a file and line as compilers write them,
+    // Messages whose file and line are known (LocationOf) as compilers write them,
     // `FILE:LINE: error: TEXT`, so that an editor can jump to the place.
     bool gnu = false;
 };

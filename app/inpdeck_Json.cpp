@@ -36,7 +36,7 @@ void Messages(JsonWriter& w) {
         }
         w.Key("text");
         w.String(r.text.c_str());
-        const MessageLocation at = LocationOf(r.text.c_str());
+        const MessageLocation at = LocationOf(r);
         if (at.line > 0) {
             w.Key("file");
             w.String(at.file.c_str());

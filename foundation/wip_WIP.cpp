@@ -1,10 +1,14 @@
 #include "wip_WIP.h"
 
-void wip_WIP::Error(const atr_String& text, wip_errorLevelEnm level) {
+void wip_WIP::Error(const atr_String& text, wip_errorLevelEnm level) { ErrorAt(text, level, atr_String(), 0); }
+
+void wip_WIP::ErrorAt(const atr_String& text, wip_errorLevelEnm level, const atr_String& file, int line) {
     wip_Record r;
     r.kind = wip_Record::kError;
     r.level = level;
     r.text = text;
+    r.file = file;
+    r.line = line;
     m_records.Append(r);
     ++m_errors;
 }

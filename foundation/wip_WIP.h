@@ -21,6 +21,11 @@ struct wip_Record {
     Kind kind = kError;
     int level = 0;  // errors only
     atr_String text;
+    // Where the message arose, when the writer knew it apart from the text (a parse
+    // message, whose text names no place): the file as the deck named it and the line.
+    // Line 0 when not known; the text is the message either way.
+    atr_String file;
+    int line = 0;
     bool IsError() const { return kind == kError; }
 };
 
@@ -36,6 +41,8 @@ public:
 class wip_WIP : public wip_WIPBase {
 public:
     void Error(const atr_String& text, wip_errorLevelEnm level) override;
+    // An error whose place is known: the record keeps the file and line beside the text.
+    void ErrorAt(const atr_String& text, wip_errorLevelEnm level, const atr_String& file, int line);
     void ErrorList(const cow_List<atr_String>& texts, wip_errorLevelEnm level) override;
     void Warning(const atr_String& text) override;
     void WarningList(const cow_List<atr_String>& texts) override;

@@ -228,13 +228,21 @@ TEST(Json, PlacementsAndMixedSetsOfTheAssembly) {
 
 TEST(Json, MessagesKeepTheirPlaceAndAnUnwritableTargetFails) {
     TempDir dir;
-    const std::string deck = dir.Write("bad.inp", "*HEADING\n*NODE\n1, 0., 0., 0.\n*ELEMENT, TYPE=C3D8\n1, 1\n");
+    const std::string deck =
+        dir.Write("bad.inp", "*HEADING\n*NODE\n1, 0., 0., 0.\n*ELEMENT, TYPE=C3D8\n1, 1\n*NOSUCH\n");
     DriverRun r;
     const json j = JsonOf(dir, deck, r);
     EXPECT_EQ(r.status, 1);
-    ASSERT_GE(j["messages"].size(), 1u);
+    ASSERT_EQ(j["messages"].size(), 2u);
+    // A parse message has its place beside a text that does not name it.
+    EXPECT_EQ(j["messages"][0],
+              json({{"kind", "error"},
+                    {"level", 1},
+                    {"text", "Unknown keyword \"nosuch\". The keyword may be misspelled, obsolete, or invalid."},
+                    {"file", deck},
+                    {"line", 6}}));
     // The text whole, the line break of its list too.
-    const json& m = j["messages"][0];
+    const json& m = j["messages"][1];
     EXPECT_EQ(m, json({{"kind", "error"},
                        {"level", 1},
                        {"text", "in keyword *ELEMENT, file \"" + deck +

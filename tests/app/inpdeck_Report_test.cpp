@@ -69,7 +69,7 @@ namespace {
 
 TEST(Diagnostics, GnuFormatForMessagesThatNameAFileAndLine) {
     TempDir dir;
-    dir.Write("mesh.inc", "*NODE\n1, 0., 0., 0.\n*ELEMENT, TYPE=C3D8\n1, 1\n");
+    dir.Write("mesh.inc", "*NODE\n1, 0., 0., 0.\n*ELEMENT, TYPE=C3D8\n1, 1\n*FOO\n");
     const std::string deck =
         dir.Write("main.inp", "*HEADING\n*INCLUDE, INPUT=mesh.inc\n*BOGUS\n*SOLID SECTION, ELSET=NONE, MATERIAL=M\n");
     DriverRun plain = RunDriver(dir, "--quiet " + Quoted(deck));
@@ -77,18 +77,21 @@ TEST(Diagnostics, GnuFormatForMessagesThatNameAFileAndLine) {
     EXPECT_EQ(gnu.status, plain.status);
     const std::vector<std::string> before = inpdeck_test::Lines(plain.err), after = inpdeck_test::Lines(gnu.err);
     ASSERT_EQ(after.size(), before.size()) << gnu.err;
-    // The text whole behind the place; a message without a place as before.
+    // The text whole behind the place, whether the text names it or the reader knew it
+    // apart (a keyword that cannot be read, in the deck or in an include file).
     struct Case {
         std::string plain, gnu;
     } cases[] = {
+        {"error[1]: Unknown keyword \"foo\". The keyword may be misspelled, obsolete, or invalid.",
+         dir / "mesh.inc" + ":5: error: Unknown keyword \"foo\". The keyword may be misspelled, obsolete, or invalid."},
         {"error[1]: Unknown keyword \"bogus\". The keyword may be misspelled, obsolete, or invalid.",
-         "error[1]: Unknown keyword \"bogus\". The keyword may be misspelled, obsolete, or invalid."},
+         deck + ":3: error: Unknown keyword \"bogus\". The keyword may be misspelled, obsolete, or invalid."},
         {"error[1]: in keyword *ELEMENT, file \"" + dir / "mesh.inc" +
              "\", line 3: Too few nodes for element(s) of type \"C3D8\" : 1",
          dir / "mesh.inc" + ":3: error: in keyword *ELEMENT, file \"" + dir / "mesh.inc" +
              "\", line 3: Too few nodes for element(s) of type \"C3D8\" : 1"},
     };
-    for (size_t i = 0; i < 2; ++i) {
+    for (size_t i = 0; i < 3; ++i) {
         EXPECT_EQ(before[i], cases[i].plain);
         EXPECT_EQ(after[i], cases[i].gnu);
     }

@@ -163,6 +163,12 @@ TEST(ParserInclude, MessagesOfIncludeFilesAreMergedWhole) {
     EXPECT_EQ(r.errors.back(), "No more (non-fatal) errors will be reported ...");
     EXPECT_EQ(r.fatal, (std::vector<std::string>{"Include file \"gone.inc\" does not exist.",
                                                   "Include file \"gone.inc\" does not exist."}));
+    // The places come along with the messages: the include file's, then the main file's.
+    ASSERT_EQ(r.errorPlaces.size(), 27u);
+    const std::string included = std::filesystem::canonical(dir.Path() / "bad.inc").string();
+    EXPECT_EQ(r.errorPlaces[3], included + ":4");
+    EXPECT_EQ(r.errorPlaces.back(), ":0");
+    EXPECT_EQ(r.fatalPlaces, (std::vector<std::string>{included + ":31", dir.Path().string() + "/main.inp:3"}));
     EXPECT_EQ(Printed(r.keywords), "*heading\n");
 }
 

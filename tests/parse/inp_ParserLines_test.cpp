@@ -347,8 +347,17 @@ TEST(ParserLines, EachListTakes26MessagesAndAClosingLine) {
     for (int i = 1; i <= 30; ++i) deck += "*BOGUS" + std::to_string(i) + "\n1\n";
     for (int i = 1; i <= 30; ++i) deck += "*INCLUDE, INPUT=missing" + std::to_string(i) + ".inp\n";
     deck += "*HEADING\n";
-    auto r = ParseFile(dir.Write("deck.inp", deck));
+    const std::string path = dir.Write("deck.inp", deck);
+    auto r = ParseFile(path);
     ASSERT_EQ(r.errors.size(), 27u);
+    // Each message has its place, the closing line none.
+    ASSERT_EQ(r.errorPlaces.size(), 27u);
+    EXPECT_EQ(r.errorPlaces[0], path + ":1");
+    EXPECT_EQ(r.errorPlaces[25], path + ":51");
+    EXPECT_EQ(r.errorPlaces[26], ":0");
+    ASSERT_EQ(r.fatalPlaces.size(), 27u);
+    EXPECT_EQ(r.fatalPlaces[25], path + ":86");
+    EXPECT_EQ(r.fatalPlaces[26], ":0");
     EXPECT_EQ(r.errors[0], "Unknown keyword \"bogus1\". The keyword may be misspelled, obsolete, or invalid.");
     EXPECT_EQ(r.errors[25], "Unknown keyword \"bogus26\". The keyword may be misspelled, obsolete, or invalid.");
     EXPECT_EQ(r.errors[26], "No more (non-fatal) errors will be reported ...");

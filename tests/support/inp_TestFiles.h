@@ -82,7 +82,17 @@ struct ParseResult {
     std::vector<std::string> missing;
     std::vector<std::string> leading;
     std::vector<std::string> warnings;
+    // "FILE:LINE" of each message of errors and fatal, ":0" where it has no place.
+    std::vector<std::string> errorPlaces;
+    std::vector<std::string> fatalPlaces;
 };
+
+inline std::vector<std::string> ToVector(const cow_List<inp_Parser::Place>& places) {
+    std::vector<std::string> out;
+    for (int i = 0; i < places.Count(); ++i)
+        out.push_back(std::string(places.ConstGet(i).file.c_str()) + ":" + std::to_string(places.ConstGet(i).line));
+    return out;
+}
 
 inline std::vector<std::string> ToVector(const cow_List<atr_String>& list) {
     std::vector<std::string> out;
@@ -164,6 +174,8 @@ inline ParseResult ParseFile(const std::string& path, bool strict = true, const 
     r.missing = ToVector(parser.MissingFiles());
     r.leading = ToVector(parser.LeadingLines());
     r.warnings = ToVector(parser.Warnings());
+    r.errorPlaces = ToVector(parser.ErrorPlaces());
+    r.fatalPlaces = ToVector(parser.FatalErrorPlaces());
     return r;
 }
 

@@ -24,8 +24,17 @@ void inp_Deck::Parse(cow_String name) {
 
     // Fatal first: a driver that stops at the first error shows the one that matters.
     wip_WIP& sink = thr_ThreadSingleton<wip_WIP>::Instance();
-    if (!parser.FatalErrors().IsEmpty()) sink.ErrorList(parser.FatalErrors(), wip_Fatal);
-    if (!parser.Errors().IsEmpty()) sink.ErrorList(parser.Errors(), wip_Error);
+    // Each with its place, which the text of a parse message does not name.
+    auto report = [&sink](const cow_List<atr_String>& texts, const cow_List<inp_Parser::Place>& places,
+                          wip_errorLevelEnm level) {
+        for (int i = 0; i < texts.Count(); ++i) {
+            const bool placed = i < places.Count() && places.ConstGet(i).line > 0;
+            sink.ErrorAt(texts.ConstGet(i), level, placed ? places.ConstGet(i).file : cow_String(),
+                         placed ? places.ConstGet(i).line : 0);
+        }
+    };
+    report(parser.FatalErrors(), parser.FatalErrorPlaces(), wip_Fatal);
+    report(parser.Errors(), parser.ErrorPlaces(), wip_Error);
     if (!parser.Warnings().IsEmpty()) sink.WarningList(parser.Warnings());
 }
 

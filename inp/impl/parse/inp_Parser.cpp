@@ -45,14 +45,18 @@ bool IsLineBlank(char c) { return c == ' ' || c == '\t' || c == '\r'; }
 bool IsSpace(char c) { return std::isspace(static_cast<unsigned char>(c)) != 0; }
 
 
-void AddLimited(cow_List<atr_String>& list, const atr_String& text, const char* closing) {
-    if (list.Count() < kErrorsPerFile) {
-        list.Append(text);
-    } else if (list.Count() == kErrorsPerFile) {
-        list.Append(text);
+void AddLimited(cow_List<atr_String>& list, cow_List<inp_Parser::Place>& places, const atr_String& text,
+                const inp_Parser::Place& place, const char* closing) {
+    if (list.Count() > kErrorsPerFile) return;
+    list.Append(text);
+    places.Append(place);
+    if (list.Count() > kErrorsPerFile) {
         list.Append(atr_String(closing));
+        places.Append(inp_Parser::Place());
     }
 }
+
+inp_Parser::Place PlaceOf(const inp_KeywordException& e) { return inp_Parser::Place(e.fileName, e.lineNumber); }
 
 }  // namespace
 
@@ -197,7 +201,7 @@ const char* inp_Parser::ReadLine() {
     }
     if (++m_work->lines > m_work->maxLines) {
         m_work->exhausted = true;
-        AddFatalError(LinesMessage(m_fileName, m_lineNumber, m_work->maxLines));
+        AddFatalError(LinesMessage(m_fileName, m_lineNumber, m_work->maxLines), Place(m_fileName, m_lineNumber));
         m_eof = true;
         m_buffer[0] = '\0';
         return m_buffer;
@@ -295,7 +299,7 @@ cow_1DArrayList<inp_Keyword> inp_Parser::Parse(bool strict) {
         SkipToKeyword(true);
         while (!m_eof) ParseLoop(strict);
     } catch (const inp_EncryptionException& e) {
-        AddFatalError(e.UserReport());
+        AddFatalError(e.UserReport(), PlaceOf(e));
         m_keywords.ClearAll();
         m_leadingText.clear();
         m_leadingCount = 0;
@@ -361,17 +365,17 @@ void inp_Parser::ParseLoop(bool strict) {
             m_keywords.Append(keyword);
         return;
     } catch (const inp_NoInputParameterException& e) {
-        AddFatalError(e.UserReport());
+        AddFatalError(e.UserReport(), PlaceOf(e));
     } catch (const inp_MissingIncludeFileException& e) {
-        if (strict) AddFatalError(e.UserReport());
+        if (strict) AddFatalError(e.UserReport(), PlaceOf(e));
     } catch (const inp_UnreadableIncludeFileException& e) {
-        AddFatalError(e.UserReport());
+        AddFatalError(e.UserReport(), PlaceOf(e));
     } catch (const inp_CircularIncludeFileException& e) {
-        AddFatalError(e.UserReport());
+        AddFatalError(e.UserReport(), PlaceOf(e));
     } catch (const inp_IncludeLimitException& e) {
-        AddFatalError(e.UserReport());
+        AddFatalError(e.UserReport(), PlaceOf(e));
     } catch (const inp_KeywordException& e) {
-        AddError(e.UserReport());
+        AddError(e.UserReport(), PlaceOf(e));
     } catch (const inp_MemoryException&) {
         ++m_memoryErrors;
     } catch (const std::bad_alloc&) {
@@ -593,7 +597,9 @@ void inp_Parser::StreamLeadingLinesTo(const inp_DataArray& target) {
 
 void inp_Parser::MergeChild(inp_Parser& child) {
     m_errors.Append(child.m_errors);
+    m_errorPlaces.Append(child.m_errorPlaces);
     m_fatalErrors.Append(child.m_fatalErrors);
+    m_fatalPlaces.Append(child.m_fatalPlaces);
     m_warnings.Append(child.m_warnings);
     for (int i = 0; i < child.m_includedFiles.Count(); ++i) {
         const cow_String& name = child.m_includedFiles.ConstGet(i);
@@ -603,10 +609,10 @@ void inp_Parser::MergeChild(inp_Parser& child) {
     }
 }
 
-void inp_Parser::AddFatalError(const atr_String& text) {
-    AddLimited(m_fatalErrors, text, "No more fatal errors will be reported ...");
+void inp_Parser::AddFatalError(const atr_String& text, const Place& place) {
+    AddLimited(m_fatalErrors, m_fatalPlaces, text, place, "No more fatal errors will be reported ...");
 }
 
-void inp_Parser::AddError(const atr_String& text) {
-    AddLimited(m_errors, text, "No more (non-fatal) errors will be reported ...");
+void inp_Parser::AddError(const atr_String& text, const Place& place) {
+    AddLimited(m_errors, m_errorPlaces, text, place, "No more (non-fatal) errors will be reported ...");
 }

@@ -75,6 +75,17 @@ public:
     // For the caller, after Parse.
     const cow_List<atr_String>& Errors() const { return m_errors; }
     const cow_List<atr_String>& FatalErrors() const { return m_fatalErrors; }
+    // Where a message of Errors() or FatalErrors() arose, one for each in the same
+    // order: the file as this parser named it and the line, or line 0 for a message
+    // of no one line (a closing "No more ..." line, memory trouble).
+    struct Place {
+        Place() : line(0) {}
+        Place(const cow_String& inFile, int atLine) : file(inFile), line(atLine) {}
+        cow_String file;
+        int line;
+    };
+    const cow_List<Place>& ErrorPlaces() const { return m_errorPlaces; }
+    const cow_List<Place>& FatalErrorPlaces() const { return m_fatalPlaces; }
     // Files that are read but seem not to be plain deck text (UTF-16, or lines ended by
     // carriage returns alone), of this file and all below it.
     const cow_List<atr_String>& Warnings() const { return m_warnings; }
@@ -120,8 +131,8 @@ private:
     // stepped over, and a file that will read as nothing that makes sense is warned of.
     void CheckHead();
 
-    void AddFatalError(const atr_String& text);
-    void AddError(const atr_String& text);
+    void AddFatalError(const atr_String& text, const Place& place = Place());
+    void AddError(const atr_String& text, const Place& place = Place());
     void ParseLoop(bool strict);
 
     // What the whole deck has read so far. The main file's parser owns it; each child
@@ -171,6 +182,8 @@ private:
     cow_1DArrayList<cow_String> m_missingFiles;
     cow_List<atr_String> m_errors;
     cow_List<atr_String> m_fatalErrors;
+    cow_List<Place> m_errorPlaces;
+    cow_List<Place> m_fatalPlaces;
     cow_List<atr_String> m_warnings;
     int m_memoryErrors;
     bool m_couldNotOpen;
