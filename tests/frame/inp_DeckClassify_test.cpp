@@ -8,6 +8,7 @@
 #include "../support/inp_TestFiles.h"
 #include "inp.h"
 #include "inp_ElementDataArray.h"
+#include "inp_Utils.h"
 
 using inp_test::TempDir;
 
@@ -188,4 +189,40 @@ TEST(DeckClassify, APartsPlainConnectivityIsPackedAndPrintsAsWritten) {
     EXPECT_NE(text.find("*element, type=C3D20, elset=E\n" + elements.substr(elements.find('\n') + 1)),
               std::string::npos)
         << text;
+}
+
+// A caller may hold the generators of a deck to fewer ids than the library's own limit;
+// the next deck has the whole limit again.
+TEST(DeckClassify, ACallersGenerationLimitHoldsForItsDeckAlone) {
+    TempDir dir;
+    const std::string path = dir.Write("gen.inp",
+                                       "*NODE\n1, 0., 0., 0.\n100, 99., 0., 0.\n*NGEN, NSET=LINE\n1, 100, 1\n"
+                                       "*NSET, NSET=MANY, GENERATE\n1, 50, 1\n*NSET, NSET=FEW, GENERATE\n1, 5, 1\n");
+    auto refusals = [](const std::vector<std::string>& records, const std::string& limit) {
+        std::vector<std::string> found;
+        for (const std::string& r : records)
+            for (const char* keyword : {"*NGEN", "*NSET"})
+                if (r.find(std::string("The generation on the ") + keyword + " keyword gives more than " + limit +
+                           " ids.") != std::string::npos)
+                    found.push_back(keyword);
+        return found;
+    };
+    {
+        inp_Deck deck;
+        deck.maxGeneratedIds = 20;
+        deck.Parse(path.c_str());
+        Sink().Clear();
+        deck.ExpandKeywords();
+        deck.Classify(true);
+        EXPECT_EQ(refusals(inp_test::SinkRecords(), "20"), (std::vector<std::string>{"*NGEN", "*NSET"}))
+            << ::testing::PrintToString(inp_test::SinkRecords());
+        EXPECT_EQ(inp_Utils::MaxGeneratedIds(), inp_Utils::kMaxGeneratedIds);
+    }
+    inp_Deck deck;
+    deck.Parse(path.c_str());
+    Sink().Clear();
+    deck.ExpandKeywords();
+    deck.Classify(true);
+    EXPECT_EQ(inp_test::SinkRecords(), std::vector<std::string>{});
+    EXPECT_EQ(deck.partCoordinates.instances.ConstGet(cow_String("PART-1")).ConstGet().Count(), 100);
 }

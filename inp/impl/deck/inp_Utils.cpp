@@ -107,8 +107,21 @@ bool inp_Utils::IsScopedSetName(const cow_List<cow_String>& segments) {
     return segments.Count() > 1 && inp_Types::MatchSetName(segments.Last());
 }
 
+namespace {
+thread_local long long t_maxGeneratedIds = inp_Utils::kMaxGeneratedIds;
+}  // namespace
+
+long long inp_Utils::MaxGeneratedIds() { return t_maxGeneratedIds; }
+
+inp_Utils::GenerationLimit::GenerationLimit(long long most) : m_previous(t_maxGeneratedIds) {
+    if (most > 0 && most < t_maxGeneratedIds) t_maxGeneratedIds = most;
+}
+
+inp_Utils::GenerationLimit::~GenerationLimit() { t_maxGeneratedIds = m_previous; }
+
 atr_String inp_Utils::TooManyGenerated(const cow_String& context) {
-    return atr_Format("The generation on the %s keyword gives more than 100000000 ids.", context);
+    return atr_Format("The generation on the %s keyword gives more than %s ids.", context,
+                      cow_String(std::to_string(MaxGeneratedIds()).c_str()));
 }
 
 bool inp_Utils::IdsInRange(long long lowest, long long highest, const cow_String& context, atr_String& message) {
@@ -149,7 +162,7 @@ inp_Utils::Generation inp_Utils::ExpandGeneration(const cow_1DArrayList<int>& id
     long long count = distance / increment + 1;
     // No model holds that many ids; a sequence this long is a typing error, and building
     // it would exhaust the memory of the machine before anything could be reported.
-    if (count > kMaxGeneratedIds) {
+    if (count > MaxGeneratedIds()) {
         result.errors.Append(TooManyGenerated(context));
         return result;
     }

@@ -60,6 +60,21 @@ public:
     // No model holds more ids than this; a generator asked for more is refused with
     // TooManyGenerated rather than left to exhaust the memory of the machine.
     static constexpr long long kMaxGeneratedIds = 100000000;
+    // The most ids one generator gives on this thread: kMaxGeneratedIds, or less while
+    // a GenerationLimit stands (a deck whose caller asked for less, as a fuzzer does).
+    static long long MaxGeneratedIds();
+    class GenerationLimit {
+    public:
+        // `most` of 0 or less, or above kMaxGeneratedIds, leaves the limit as it is.
+        explicit GenerationLimit(long long most);
+        ~GenerationLimit();
+        GenerationLimit(const GenerationLimit&) = delete;
+        GenerationLimit& operator=(const GenerationLimit&) = delete;
+
+    private:
+        long long m_previous;
+    };
+    // Names MaxGeneratedIds().
     static atr_String TooManyGenerated(const cow_String& context);
 
     // Ids run from 1 to kMaxId. A generator adds and multiplies ids, increments and

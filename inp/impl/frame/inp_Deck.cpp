@@ -39,6 +39,7 @@ void inp_Deck::Parse(cow_String name) {
 }
 
 void inp_Deck::ExpandKeywords() {
+    const inp_Utils::GenerationLimit limit(maxGeneratedIds);
     omi_Timer timer;
     inp_Utils::StartTiming(timer);
     inp_KeywordExpansionVisitor expansion;
@@ -82,6 +83,7 @@ void inp_Deck::ReorganizeKeywords(bool fullConversion) {
 // The conversion works on the flat list, ahead of the organizer; the scoped names are
 // rewritten on the hierarchy, behind it, where each keyword knows its block.
 void inp_Deck::Classify(bool fullConversion) {
+    const inp_Utils::GenerationLimit limit(maxGeneratedIds);
     CheckImportUse(fullConversion);
     ProhibitPeriodInNames(keywords);
     if (isAssemblyDeck) {

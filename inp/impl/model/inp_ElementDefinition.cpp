@@ -398,7 +398,7 @@ void inp_ElementVisitor::VisitElgen(inp_Keyword& keyword) {
         const double highest = static_cast<double>(master) + (number - 1.0) * increment +
                                (rows - 1.0) * rowIncrement + (layers - 1.0) * layerIncrement;
         if (highest > 999999999.0) return report(atr_raw("Maximum element number allowed is 999999999."));
-        if (static_cast<double>(number) * rows * layers > static_cast<double>(inp_Utils::kMaxGeneratedIds))
+        if (static_cast<double>(number) * rows * layers > static_cast<double>(inp_Utils::MaxGeneratedIds()))
             return report(inp_Utils::TooManyGenerated(cow_String("*ELGEN")));
         const Span made = GeneratedSpan(master, number, increment, rows, rowIncrement, layers, layerIncrement);
         atr_String message;

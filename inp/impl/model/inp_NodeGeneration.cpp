@@ -177,7 +177,7 @@ void inp_NodeVisitor::VisitNcopy(inp_Keyword& keyword) {
     const int multiple = mode == kShift ? keyword.GetParameterAsInt(cow_String("multiple"), 1) : 1;
     const cow_1DArrayList<int> oldIds = old->ConstGetIds();
     const bool unsorted = old->IsUnsorted(), internal = old->IsInternal();
-    if (static_cast<long long>(multiple) * oldIds.Count() > inp_Utils::kMaxGeneratedIds) {
+    if (static_cast<long long>(multiple) * oldIds.Count() > inp_Utils::MaxGeneratedIds()) {
         errors.Append(inp_Utils::MessageInKeyword(keyword, inp_Utils::TooManyGenerated(cow_String("*NCOPY"))));
         return;
     }
@@ -345,7 +345,7 @@ bool inp_NodeVisitor::NfillLine(const inp_Keyword& keyword, int line, double bia
                               cow_String(count)})));
     const int n = data.AsInt(line, 2);
     if (n < 1) return report(atr_raw("The number of intervals must be given."));
-    if (static_cast<long long>(count) * n > inp_Utils::kMaxGeneratedIds)
+    if (static_cast<long long>(count) * n > inp_Utils::MaxGeneratedIds())
         return report(inp_Utils::TooManyGenerated(cow_String("*NFILL")));
     if (singular && n % 2 != 0)
         return report(atr_raw("The number of intervals must be even when the SINGULAR parameter is specified."));
@@ -550,7 +550,7 @@ bool inp_NodeVisitor::NgenLine(const inp_Keyword& keyword, int line, const cow_S
     }
 
     const long long count = (diff < 0 ? -diff : diff) / (inc < 0 ? -static_cast<long long>(inc) : inc) + 1;
-    if (count > inp_Utils::kMaxGeneratedIds) {
+    if (count > inp_Utils::MaxGeneratedIds()) {
         report(inp_Utils::TooManyGenerated(cow_String("*NGEN")));
         return false;
     }

@@ -225,7 +225,7 @@ void inp_NodeGenerationVisitor::VisitElgen(inp_Keyword& keyword) {
         if (rows < 1) rows = 1;
         if (layers < 1) layers = 1;
         // The element pass refused a generation this large, or one that leaves the id range.
-        if (static_cast<double>(number) * rows * layers > static_cast<double>(inp_Utils::kMaxGeneratedIds)) return;
+        if (static_cast<double>(number) * rows * layers > static_cast<double>(inp_Utils::MaxGeneratedIds())) return;
         const Span span = GeneratedSpan(master, number, increment, rows, rowIncrement, layers, layerIncrement);
         atr_String ignored;
         if (!inp_Utils::IdsInRange(span.lowest, span.highest, cow_String("*ELGEN"), ignored)) return;
