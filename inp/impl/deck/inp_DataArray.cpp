@@ -385,8 +385,8 @@ inp_DataArrayImpl::IntItem inp_RawDataArrayImpl::ReadInt(int line, int item, int
 }
 
 void inp_RawDataArrayImpl::ReadInts(int line, int first, int count, int* values, IntItem* kinds) const {
-    if (line < 0 || line >= nrows || first < 0 || !rows[line] || count <= 0)
-        return inp_DataArrayImpl::ReadInts(line, first, count, values, kinds);
+    // A released line has no items, and reads as absent items below.
+    if (line < 0 || line >= nrows || first < 0) return inp_DataArrayImpl::ReadInts(line, first, count, values, kinds);
     const int items = ncols[line];
     const char* next = first < items ? Item(line, first) : nullptr;
     for (int k = 0; k < count; ++k) {

@@ -27,11 +27,8 @@ void inp_Deck::Parse(cow_String name) {
     // Each with its place, which the text of a parse message does not name.
     auto report = [&sink](const cow_List<atr_String>& texts, const cow_List<inp_Parser::Place>& places,
                           wip_errorLevelEnm level) {
-        for (int i = 0; i < texts.Count(); ++i) {
-            const bool placed = i < places.Count() && places.ConstGet(i).line > 0;
-            sink.ErrorAt(texts.ConstGet(i), level, placed ? places.ConstGet(i).file : cow_String(),
-                         placed ? places.ConstGet(i).line : 0);
-        }
+        for (int i = 0; i < texts.Count(); ++i)
+            sink.ErrorAt(texts.ConstGet(i), level, places.ConstGet(i).file, places.ConstGet(i).line);
     };
     report(parser.FatalErrors(), parser.FatalErrorPlaces(), wip_Fatal);
     report(parser.Errors(), parser.ErrorPlaces(), wip_Error);

@@ -127,8 +127,8 @@ public:
     int maxIncludeFiles = 0;
     long long maxLines = 0;
     // The most ids one generator (*NGEN, *NCOPY, *ELGEN, GENERATE data...) may give in
-    // ExpandKeywords and Classify; 0 keeps the library's own limit. A fuzzer sets it low too: a
-    // few bytes of *NGEN make a million nodes, which only take time.
+    // ExpandKeywords and Classify; 0 keeps the library's own limit. A fuzzer sets it low
+    // too: a few bytes of *NGEN make a million nodes, which only take time.
     long long maxGeneratedIds = 0;
     inpM_InstanceMap<cow_String> instanceToPart;
     inp_ModelParameters modelParameters;

@@ -46,7 +46,6 @@ inp_CipherReader::inp_CipherReader(const cow_String& password, bool checkHeader)
 // Data lines seldom hold a '*' at all, and looking for one first is cheaper than looking
 // for the marker in every line.
 bool inp_CipherReader::HasMarker(const char* line, std::size_t length) {
-    // Data lines hold no star: one look over the known length settles most lines.
     const char* star = static_cast<const char*>(std::memchr(line, '*', length));
     return star && std::strstr(star, kMarker);
 }

@@ -275,7 +275,7 @@ void inp_Parser::SkipToKeyword(bool collect) {
         if (keep && m_leadingRaw)
             m_leadingRaw->Append(line, m_lineLength);
         else if (keep)
-            m_leadingText.append(line, strlen(line) + 1);
+            m_leadingText.append(line, static_cast<size_t>(m_lineLength) + 1);
         ++m_leadingCount;
     }
 }
